@@ -1,0 +1,34 @@
+# What every target of this project shares: the language level, warnings as errors, sanitizers.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+if(SPLITFRAME_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
+# Unique symbols pin a shared library in the process: dlclose would never unload it.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    add_compile_options(-fno-gnu-unique)
+endif()
+
+function(splitframe_own_code target)
+    target_compile_options(${target} PRIVATE
+        -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+endfunction()
+
+# The sources below a folder, found again at every build so that a new file needs no list.
+function(splitframe_sources out)
+    set(patterns)
+    foreach(folder IN LISTS ARGN)
+        list(APPEND patterns ${folder}/*.cpp)
+    endforeach()
+    file(GLOB_RECURSE found CONFIGURE_DEPENDS ${patterns})
+    set(${out} ${found} PARENT_SCOPE)
+endfunction()
