@@ -1,5 +1,6 @@
-// Runs a fuzz target without libFuzzer: every file of the given folders once, then random changes of them until the
-// time is over. It takes libFuzzer's option -max_total_time=SECONDS and its -seed=N, so that one command line serves both.
+// Runs a fuzz target without libFuzzer: every file of the given folders once, then random changes of them
+// until the time is over. It takes libFuzzer's option -max_total_time=SECONDS and its -seed=N, so that one
+// command line serves both.
 #include <chrono>
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,6 @@
-// The plain types that every room uses: integers of fixed width, handles, points and rectangles, GUIDs, colours.
-// Parameters that may carry an address (WPARAM, LPARAM, LRESULT) are as wide as a pointer; all other integers have
-// the same width on every machine.
+// The plain types that every room uses: integers of fixed width, handles, points and rectangles, GUIDs,
+// colours. Parameters that may carry an address (WPARAM, LPARAM, LRESULT) are as wide as a pointer; all other
+// integers have the same width on every machine.
 #pragma once
 
 #include <cstdint>
@@ -27,8 +27,8 @@ using LPVOID = void*;
 inline constexpr BOOL TRUE = 1;
 inline constexpr BOOL FALSE = 0;
 
-// Handles are opaque numbers that look like pointers. They are checked at every use and never dereferenced: a handle
-// whose object is gone is answered like a null handle.
+// Handles are opaque numbers that look like pointers. They are checked at every use and never dereferenced: a
+// handle whose object is gone is answered like a null handle.
 using HWND = struct HWND__*;
 using HMENU = struct HMENU__*;
 using HDC = struct HDC__*;
@@ -45,22 +45,50 @@ constexpr COLORREF RGB(int nRed, int nGreen, int nBlue)
 {
     return static_cast<COLORREF>((nRed & 0xFF) | ((nGreen & 0xFF) << 8) | ((nBlue & 0xFF) << 16));
 }
-constexpr int GetRValue(COLORREF color) { return static_cast<int>(color & 0xFF); }
-constexpr int GetGValue(COLORREF color) { return static_cast<int>((color >> 8) & 0xFF); }
-constexpr int GetBValue(COLORREF color) { return static_cast<int>((color >> 16) & 0xFF); }
+constexpr int GetRValue(COLORREF color)
+{
+    return static_cast<int>(color & 0xFF);
+}
+constexpr int GetGValue(COLORREF color)
+{
+    return static_cast<int>((color >> 8) & 0xFF);
+}
+constexpr int GetBValue(COLORREF color)
+{
+    return static_cast<int>((color >> 16) & 0xFF);
+}
 
-constexpr WORD LOWORD(std::uintptr_t value) { return static_cast<WORD>(value & 0xFFFF); }
-constexpr WORD HIWORD(std::uintptr_t value) { return static_cast<WORD>((value >> 16) & 0xFFFF); }
-constexpr WORD LOWORD(std::intptr_t value) { return LOWORD(static_cast<std::uintptr_t>(value)); }
-constexpr WORD HIWORD(std::intptr_t value) { return HIWORD(static_cast<std::uintptr_t>(value)); }
+constexpr WORD LOWORD(std::uintptr_t value)
+{
+    return static_cast<WORD>(value & 0xFFFF);
+}
+constexpr WORD HIWORD(std::uintptr_t value)
+{
+    return static_cast<WORD>((value >> 16) & 0xFFFF);
+}
+constexpr WORD LOWORD(std::intptr_t value)
+{
+    return LOWORD(static_cast<std::uintptr_t>(value));
+}
+constexpr WORD HIWORD(std::intptr_t value)
+{
+    return HIWORD(static_cast<std::uintptr_t>(value));
+}
 
 /// Packs two 16-bit values: the low word first. Points are packed x low, y high, and read back with a sign.
 constexpr LPARAM MAKELPARAM(int nLow, int nHigh)
 {
-    return static_cast<LPARAM>((static_cast<DWORD>(nLow) & 0xFFFF) | ((static_cast<DWORD>(nHigh) & 0xFFFF) << 16));
+    return static_cast<LPARAM>((static_cast<DWORD>(nLow) & 0xFFFF) |
+                               ((static_cast<DWORD>(nHigh) & 0xFFFF) << 16));
 }
-constexpr int GET_X_LPARAM(LPARAM lParam) { return static_cast<std::int16_t>(LOWORD(lParam)); }
-constexpr int GET_Y_LPARAM(LPARAM lParam) { return static_cast<std::int16_t>(HIWORD(lParam)); }
+constexpr int GET_X_LPARAM(LPARAM lParam)
+{
+    return static_cast<std::int16_t>(LOWORD(lParam));
+}
+constexpr int GET_Y_LPARAM(LPARAM lParam)
+{
+    return static_cast<std::int16_t>(HIWORD(lParam));
+}
 
 struct POINT
 {
@@ -95,6 +123,9 @@ struct GUID
     BYTE Data4[8];
 };
 
-inline bool operator==(const GUID& a, const GUID& b) { return std::memcmp(&a, &b, sizeof(GUID)) == 0; }
+inline bool operator==(const GUID& a, const GUID& b)
+{
+    return std::memcmp(&a, &b, sizeof(GUID)) == 0;
+}
 
 static_assert(sizeof(GUID) == 16, "GUIDs are compared as 16 bytes");
