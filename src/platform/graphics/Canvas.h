@@ -1,0 +1,20 @@
+// What a device context draws on: the window manager fills one in for each context that it hands out.
+#pragma once
+
+#include "platform/graphics/Region.h"
+#include "platform/graphics/Surface.h"
+
+namespace splitframe {
+
+struct Canvas
+{
+    Surface* pSurface = nullptr; // not owned, outlives the context's use of it; null: drawing does nothing
+    POINT ptOrigin{};            // surface coordinates of the context's point (0, 0), logical pixels
+    Region clip;                 // surface coordinates; what lies outside is never touched
+    Surface* pXorPlane =
+        nullptr; // not owned; exclusive-or drawing goes here instead, if set (same size and scale)
+    Region* pDamage =
+        nullptr; // not owned; gets the bounds of everything drawn, in surface coordinates, if set
+};
+
+} // namespace splitframe
