@@ -1,0 +1,55 @@
+// The view of a frame: the window in whose client area the frame's units stand. Draws nothing itself; lays
+// the document's split tree out, passes keys to the helper or the current unit, clicks to the unit under the
+// mouse, and the units' notifications to the helper.
+#pragma once
+
+#include "platform/base/Export.h"
+#include "platform/docview/View.h"
+
+class CBaseFrameDoc;
+class CBaseFrameHelper;
+class CBaseUnitWnd;
+
+class SPLITFRAME_API CBaseFrameView : public CView
+{
+    DECLARE_DYNCREATE(CBaseFrameView)
+
+public:
+    /// Deletes the document's split tree, its cached windows and its unit windows. Global units have gone
+    /// home before.
+    ~CBaseFrameView() override;
+
+    /// The document, or null when the view has none or one of another kind.
+    CBaseFrameDoc* GetFrameDoc() const;
+
+    /// Has the document make its units and split tree, then tells the helper (OnStyleInitial). What a host's
+    /// hook throws passes through.
+    void OnInitialUpdate() override;
+
+    /// Draws nothing: the units paint themselves.
+    void OnDraw(CDC* pDC) override;
+
+    /// Lays the frame's units out in the given room, less 2 pixels at the right and 3 at the bottom, when the
+    /// frame is the active one and has units. The room itself is not changed.
+    void CalcWindowRect(LPRECT lpClientRect, UINT nAdjustType = adjustBorder) override;
+
+    /// The function that units notify (CBaseUnitWnd::SetNotifyFunc): hands the notification to the helper.
+    /// @param pContext  the unit's parent window, a CWnd*; ignored when it is no CBaseFrameView
+    static void OnBaseUnitNotify(void* pContext, UINT nCode, LPARAM lParam);
+
+protected:
+    CBaseFrameView();
+
+    void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+    void OnKeyUp(UINT nChar, UINT nRepCnt, UINT nFlags);
+    void OnSysKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+    void OnRButtonDown(UINT nFlags, CPoint pt);
+    void OnLButtonDblClk(UINT nFlags, CPoint pt);
+
+    DECLARE_MESSAGE_MAP()
+
+private:
+    CBaseFrameHelper* GetHelper() const;
+    void PassKey(UINT nMsg, UINT nChar, LPARAM lParam);
+    void SelectNextUnit();
+};

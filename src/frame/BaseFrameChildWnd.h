@@ -1,0 +1,44 @@
+// The child frame of one opened frame: always maximised, without a system menu. Passes activation, focus,
+// closing and destruction on to the document's units and helper, and relays commands and messages of the
+// units.
+#pragma once
+
+#include "platform/base/Export.h"
+#include "platform/docking/BCGPMDIChildWnd.h"
+
+class CBaseFrameDoc;
+
+class SPLITFRAME_API CBaseFrameChildWnd : public CBCGPMDIChildWnd
+{
+    DECLARE_DYNCREATE(CBaseFrameChildWnd)
+
+public:
+    /// The active document, or null when there is none or it is of another kind.
+    CBaseFrameDoc* GetFrameDoc();
+
+    /// Offers a command to every unit of the frame and to the main frame's global units.
+    /// @return 1 when the frame's last unit or the main frame answered other than 0, else 0; 0 without a
+    /// document
+    LRESULT ProcessCommand(UINT nCmd, LPARAM lParam);
+
+    /// Passes a message to the frame helper. @return its answer; 0 without document or helper
+    LRESULT ProcessHelperMessage(DWORD nMsg, WPARAM wParam, LPARAM lParam);
+
+    /// Shows the frame maximised, whatever the show command, and makes the frame's name the title.
+    void ActivateFrame(int nCmdShow = -1) override;
+
+protected:
+    CBaseFrameChildWnd();
+    ~CBaseFrameChildWnd() override;
+
+    BOOL PreCreateWindow(CREATESTRUCT& cs) override;
+
+    BOOL OnEraseBkgnd(CDC* pDC);
+    void OnMDIActivate(BOOL bActivate, CWnd* pActivateWnd, CWnd* pDeactivateWnd);
+    /// Asks the helper first; it may refuse.
+    void OnClose();
+    void OnSetFocus(CWnd* pOldWnd);
+    void OnDestroy();
+
+    DECLARE_MESSAGE_MAP()
+};
