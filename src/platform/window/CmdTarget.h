@@ -1,6 +1,7 @@
 // Command targets and message maps: how a class says which member function handles which message or command.
-// A map is a constant table of small functions, each of which casts the target to its class and calls the handler; a
-// cache beside each map remembers the entry for a message, or that there is none. Knows no windows.
+// A map is a constant table of small functions, each of which casts the target to its class and calls the
+// handler; a cache beside each map remembers the entry for a message, or that there is none. Knows no
+// windows.
 #pragma once
 
 #include "platform/base/Object.h"
@@ -9,6 +10,7 @@
 
 class CCmdTarget;
 class CCmdUI;
+class CDC;
 class CMenu;
 class CWnd;
 
@@ -18,26 +20,26 @@ class CWnd;
 inline constexpr int CN_COMMAND = 0;
 inline constexpr int CN_UPDATE_COMMAND_UI = -1;
 
-/// Calls one handler. For window messages the parameters are those of the message; for commands nMessage is the
-/// command's number, and lParam the address of the CCmdUI when its look is asked for.
+/// Calls one handler. For window messages the parameters are those of the message; for commands nMessage is
+/// the command's number, and lParam the address of the CCmdUI when its look is asked for.
 using AFX_MESSAGE_THUNK = LRESULT (*)(CCmdTarget* pTarget, UINT nMessage, WPARAM wParam, LPARAM lParam);
 
 /// One line of a message map. The last line has no function.
 struct AFX_MSGMAP_ENTRY
 {
-    UINT nMessage;          ///< message number; WM_COMMAND for commands
-    int nCode;              ///< CN_COMMAND or CN_UPDATE_COMMAND_UI for commands, else 0
-    UINT nID;               ///< first command number of the range
-    UINT nLastID;           ///< last command number of the range
-    AFX_MESSAGE_THUNK pfn;  ///< null in the last line only
+    UINT nMessage;         ///< message number; WM_COMMAND for commands
+    int nCode;             ///< CN_COMMAND or CN_UPDATE_COMMAND_UI for commands, else 0
+    UINT nID;              ///< first command number of the range
+    UINT nLastID;          ///< last command number of the range
+    AFX_MESSAGE_THUNK pfn; ///< null in the last line only
 };
 
 struct AFX_MSGMAP;
 
 namespace splitframe {
 
-/// Remembers for one class which entry handles a message. Lives beside its map and dies with the module that holds
-/// the class, so nothing outlives a library that is unloaded.
+/// Remembers for one class which entry handles a message. Lives beside its map and dies with the module that
+/// holds the class, so nothing outlives a library that is unloaded.
 struct MessageMapCache
 {
     static constexpr UINT SLOTS = 64;
@@ -57,9 +59,9 @@ SPLITFRAME_PLATFORM_API const AFX_MSGMAP_ENTRY* SearchMessageMap(const AFX_MSGMA
 /// The map of one class, linked to that of its base class.
 struct AFX_MSGMAP
 {
-    const AFX_MSGMAP* (*pfnGetBaseMap)();       ///< null for the root class
-    const AFX_MSGMAP_ENTRY* lpEntries;          ///< ends with an entry without function
-    splitframe::MessageMapCache* pCache;        ///< not owned; beside the map
+    const AFX_MSGMAP* (*pfnGetBaseMap)(); ///< null for the root class
+    const AFX_MSGMAP_ENTRY* lpEntries;    ///< ends with an entry without function
+    splitframe::MessageMapCache* pCache;  ///< not owned; beside the map
 };
 
 namespace splitframe {
@@ -111,9 +113,9 @@ public:
     CCmdUI() = default;
     virtual ~CCmdUI() = default;
 
-    UINT m_nID = 0;               ///< command number
-    UINT m_nIndex = 0;            ///< position of the item in the menu
-    CMenu* m_pMenu = nullptr;     ///< menu that holds the item, not owned; null for other bars
+    UINT m_nID = 0;                ///< command number
+    UINT m_nIndex = 0;             ///< position of the item in the menu
+    CMenu* m_pMenu = nullptr;      ///< menu that holds the item, not owned; null for other bars
     bool m_bEnableChanged = false; ///< a handler has called Enable
 
     /// Enables or grays the item.
@@ -124,7 +126,8 @@ public:
     virtual void SetText(LPCWSTR pszText);
 
     /// Asks the target how the item looks.
-    /// @param bDisableIfNoHandler  gray the item when no command handler is found and no update handler enabled it
+    /// @param bDisableIfNoHandler  gray the item when no command handler is found and no update handler
+    /// enabled it
     /// @return whether an update handler was found
     BOOL DoUpdate(CCmdTarget* pTarget, BOOL bDisableIfNoHandler);
 };
@@ -148,7 +151,9 @@ protected:                                                                      
         static constexpr AFX_MSGMAP_ENTRY entries[] = {
 
 #define END_MESSAGE_MAP()                                                                                    \
-    {0, 0, 0, 0, nullptr}                                                                                    \
+    {                                                                                                        \
+        0, 0, 0, 0, nullptr                                                                                  \
+    }                                                                                                        \
     }                                                                                                        \
     ;                                                                                                        \
     static constinit splitframe::MessageMapCache cache;                                                      \

@@ -5,8 +5,8 @@
 
 #include "platform/base/Types.h"
 
-// Messages. WM_ERASEBKGND carries the address of a CDC in its first parameter; mouse messages carry the point in
-// the window's client coordinates (WM_MOUSEWHEEL and WM_CONTEXTMENU: screen coordinates).
+// Messages. WM_ERASEBKGND carries the address of a CDC in its first parameter; mouse messages carry the point
+// in the window's client coordinates (WM_MOUSEWHEEL and WM_CONTEXTMENU: screen coordinates).
 inline constexpr UINT WM_NULL = 0x0000;
 inline constexpr UINT WM_CREATE = 0x0001;
 inline constexpr UINT WM_DESTROY = 0x0002;
@@ -219,8 +219,8 @@ inline constexpr BYTE FSHIFT = 0x04;
 inline constexpr BYTE FCONTROL = 0x08;
 inline constexpr BYTE FALT = 0x10;
 
-/// The largest and smallest coordinates that a window takes; what is asked beyond them is cut to them, so that sums
-/// of positions along the tree never overflow.
+/// The largest and smallest coordinates that a window takes; what is asked beyond them is cut to them, so
+/// that sums of positions along the tree never overflow.
 inline constexpr int WINDOW_COORDINATE_LIMIT = 1 << 24;
 
 /// As the x of a top-level window's rectangle: the window takes the whole display.
@@ -229,28 +229,28 @@ inline constexpr int CW_USEDEFAULT = static_cast<int>(0x80000000U);
 /// A message taken from the queue.
 struct MSG
 {
-    HWND hwnd;      ///< receiver, or null for a message to the thread (WM_QUIT)
-    UINT message;   ///< message number
-    WPARAM wParam;  ///< meaning by message
-    LPARAM lParam;  ///< meaning by message
-    DWORD time;     ///< the display's clock in milliseconds
-    POINT pt;       ///< pointer position in screen coordinates
+    HWND hwnd;     ///< receiver, or null for a message to the thread (WM_QUIT)
+    UINT message;  ///< message number
+    WPARAM wParam; ///< meaning by message
+    LPARAM lParam; ///< meaning by message
+    DWORD time;    ///< the display's clock in milliseconds
+    POINT pt;      ///< pointer position in screen coordinates
 };
 
 /// What a window is created with: PreCreateWindow may change it, WM_CREATE carries its address.
 struct CREATESTRUCT
 {
-    LPVOID lpCreateParams;  ///< the creation context, not owned, may be null
-    HINSTANCE hInstance;    ///< always null
-    HMENU hMenu;            ///< menu of a top-level window; of a child its control ID
-    HWND hwndParent;        ///< parent of a child, owner of a top-level window, may be null
-    int cy;                 ///< height
-    int cx;                 ///< width
-    int y;                  ///< top in the parent's client coordinates
-    int x;                  ///< left in the parent's client coordinates
-    LONG style;             ///< WS_ bits
-    LPCWSTR lpszName;       ///< window text, may be null
-    LPCWSTR lpszClass;      ///< class name, null for the plain class
-    DWORD dwExStyle;        ///< kept, without effect
+    LPVOID lpCreateParams; ///< the creation context, not owned, may be null
+    HINSTANCE hInstance;   ///< always null
+    HMENU hMenu;           ///< menu of a top-level window; of a child its control ID
+    HWND hwndParent;       ///< parent of a child, owner of a top-level window, may be null
+    int cy;                ///< height
+    int cx;                ///< width
+    int y;                 ///< top in the parent's client coordinates
+    int x;                 ///< left in the parent's client coordinates
+    LONG style;            ///< WS_ bits
+    LPCWSTR lpszName;      ///< window text, may be null
+    LPCWSTR lpszClass;     ///< class name, null for the plain class
+    DWORD dwExStyle;       ///< kept, without effect
 };
 using LPCREATESTRUCT = CREATESTRUCT*;

@@ -1,0 +1,50 @@
+// The message loop: posted messages in their order, then input, then painting of all that is marked, then
+// timers; after 8 ms of posted messages input and one painting get their turn. Loops nest (menus, message
+// boxes): all take from the same queue.
+#pragma once
+
+#include "platform/base/Export.h"
+#include "platform/base/String.h"
+#include "platform/base/Types.h"
+#include "platform/window/Messages.h"
+
+/// Takes the next message, painting and waiting meanwhile as needed. Painting is done inside, not returned.
+/// @return FALSE when the message is WM_QUIT, or when nothing can ever come any more (a headless display
+/// without
+///         timers and with nothing queued)
+SPLITFRAME_PLATFORM_API BOOL GetMessage(MSG* pMsg);
+/// As GetMessage, but answers FALSE at once when there is nothing to take.
+/// @param nRemove  PM_NOREMOVE leaves the message where it was
+SPLITFRAME_PLATFORM_API BOOL PeekMessage(MSG* pMsg, UINT nRemove = PM_REMOVE);
+/// Displays hand in text beside keys, so there is nothing to translate. @return whether it was a key message
+SPLITFRAME_PLATFORM_API BOOL TranslateMessage(const MSG* pMsg);
+/// Sends a message taken from the queue to its window.
+SPLITFRAME_PLATFORM_API LRESULT DispatchMessage(const MSG* pMsg);
+/// Makes the loops end once the posted messages before it are done: GetMessage answers FALSE with the exit
+/// code.
+SPLITFRAME_PLATFORM_API void PostQuitMessage(int nExitCode);
+
+/// Shows a message box on the display and waits for the answer. The headless display records it and answers
+/// at once.
+/// @param nType  MB_ values
+/// @return IDOK, IDCANCEL, IDYES or IDNO
+SPLITFRAME_PLATFORM_API int AfxMessageBox(LPCWSTR pszText, UINT nType = MB_OK, UINT nIDHelp = 0);
+
+namespace splitframe {
+
+/// What every loop asks before a message goes to its window; nonzero: the message is dealt with. The
+/// application object sets it. @return the filter before
+using PreTranslateFilter = BOOL (*)(MSG* pMsg);
+SPLITFRAME_PLATFORM_API PreTranslateFilter SetPreTranslateFilter(PreTranslateFilter pfnFilter);
+
+/// Handles one message taken from the queue: filter, then dispatch.
+SPLITFRAME_PLATFORM_API void HandleMessage(MSG* pMsg);
+
+/// Handles all that is queued or due, paintings included, and comes back: for tests, tools and modal work. A
+/// handler that posts to itself for ever is stopped after a great number of messages. WM_QUIT stays queued.
+SPLITFRAME_PLATFORM_API void DrainMessages();
+
+/// Paints all that is marked now and shows it.
+SPLITFRAME_PLATFORM_API void PaintNow();
+
+} // namespace splitframe
