@@ -1,0 +1,16 @@
+// A split tree as text for people: tests, failure messages, the viewer's list.
+#pragma once
+
+#include "platform/base/Export.h"
+
+#include <string>
+
+class CSplitLine;
+
+namespace splitframe {
+
+/// One line a node in UTF-8, two spaces deeper than its line: kind, name, rate, what is not usual (movable,
+/// collapsed, fixed or limited sizes, hidden, no window), and the rectangle that it covers now.
+SPLITFRAME_API std::string DumpTree(const CSplitLine& node);
+
+} // namespace splitframe
