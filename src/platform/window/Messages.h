@@ -213,12 +213,6 @@ inline constexpr int IDCANCEL = 2;
 inline constexpr int IDYES = 6;
 inline constexpr int IDNO = 7;
 
-// Accelerators.
-inline constexpr BYTE FVIRTKEY = 0x01;
-inline constexpr BYTE FSHIFT = 0x04;
-inline constexpr BYTE FCONTROL = 0x08;
-inline constexpr BYTE FALT = 0x10;
-
 /// The largest and smallest coordinates that a window takes; what is asked beyond them is cut to them, so
 /// that sums of positions along the tree never overflow.
 inline constexpr int WINDOW_COORDINATE_LIMIT = 1 << 24;
