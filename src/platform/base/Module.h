@@ -16,6 +16,7 @@ struct AFX_EXTENSION_MODULE
     HINSTANCE hModule;           // where the library is mapped
     CRuntimeClass* pFirstClass;  // the module's runtime classes
     CDynLinkLibrary* pLibraries; // the objects that stand for this module; owned until AfxTermExtensionModule
+    AFX_EXTENSION_MODULE* pNextModule; // in the process's list of modules
 };
 
 /// Sets up a module's record: the runtime classes of the library that hModule lies in leave the process's
@@ -40,9 +41,7 @@ public:
 
 private:
     friend void AfxTermExtensionModule(AFX_EXTENSION_MODULE& module);
-    friend struct CRuntimeClass;
 
     AFX_EXTENSION_MODULE& m_module;
-    CDynLinkLibrary* m_pNextOfModule;
-    CDynLinkLibrary* m_pNext; // in the process's list of all libraries
+    CDynLinkLibrary* m_pNext; // the next one of the same module
 };

@@ -126,10 +126,22 @@ public:
 
     /// Opens the text for writing in place: at least nMinLength units and a zero after them. End with
     /// ReleaseBuffer.
-    wchar_t* GetBuffer(int nMinLength);
+    wchar_t* GetBuffer(int nMinLength)
+    {
+        if (nMinLength > m_nCapacity)
+            Reserve(nMinLength);
+        return m_pText;
+    }
     wchar_t* GetBuffer() { return GetBuffer(m_nLength); }
     /// @param nNewLength  the length after writing, or -1 to take all up to the first zero
     void ReleaseBuffer(int nNewLength = -1);
+    /// Ends writing of exactly nLength UTF-16 units, zeros included. Unlike ReleaseBuffer it does not look at
+    /// them.
+    void ReleaseBufferSetLength(int nLength)
+    {
+        m_nLength = nLength < 0 ? 0 : nLength < m_nCapacity ? nLength : m_nCapacity;
+        m_pText[m_nLength] = 0;
+    }
     /// Makes room for nLength units, so that appending up to there does not allocate.
     void Preallocate(int nLength);
 
@@ -186,7 +198,6 @@ private:
     void Reserve(long long nLength);
     void AppendUnits(const wchar_t* pUnits, int nLength);
     void AppendSplit(const wchar_t* pText, std::size_t nCount);
-    void SetLength(int nLength);
     void AppendArgs(const wchar_t* pszFormat, const splitframe::FormatArg* pArgs, int nArgs);
 
     wchar_t* m_pText; // m_szShort, or owned memory of m_nCapacity + 1 units
