@@ -24,5 +24,7 @@ if(NOT BUILD_SHARED_LIBS)
     set(splitframe_private_requires "Requires.private: pangocairo")
     set(splitframe_pc_cflags " -DSPLITFRAME_STATIC")
 endif()
+# Found from where the file stands, so that an installed tree can be moved.
+file(RELATIVE_PATH splitframe_pc_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(${PROJECT_SOURCE_DIR}/cmake/splitframe.pc.in ${PROJECT_BINARY_DIR}/splitframe.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/splitframe.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -2,6 +2,8 @@
 
 packages_build="g++ cmake make ninja-build pkg-config libcairo2-dev libpango1.0-dev fonts-dejavu-core fonts-wqy-microhei"
 packages_tests="libgtest-dev"
+packages_bench="libbenchmark-dev libpugixml-dev libtinyxml2-dev"
+packages_tidy="clang clang-tidy clang-format"
 
 # install_packages SET...: each SET names one of the lists above.
 install_packages() {
