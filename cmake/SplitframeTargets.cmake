@@ -13,6 +13,11 @@ if(SPLITFRAME_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
+# libFuzzer steers by the coverage of the libraries, not only of the target.
+if(SPLITFRAME_BUILD_FUZZ AND CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 # Unique symbols pin a shared library in the process: dlclose would never unload it.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     add_compile_options(-fno-gnu-unique)
