@@ -11,13 +11,15 @@
 #include "platform/base/String.h"
 
 #include <cstdint>
+#include <vector>
 
 class CBaseUnitWnd;
 class CWnd;
 
 namespace splitframe {
+class CLayoutPass;
 class CNodeTable;
-}
+} // namespace splitframe
 
 /// A node of a split tree. User-interface thread only. All rectangles are in client coordinates of the window
 /// that holds the units (the view), all sizes in pixels; sums beyond 32 bits stop at the largest or smallest
@@ -129,6 +131,7 @@ protected:
 private:
     friend class CBaseUnitWnd;
     friend class splitframe::CSplitLineLink;
+    friend class splitframe::CLayoutPass;
     friend class splitframe::CNodeTable;
 
     double GetLRate() const { return m_dLRate; }
@@ -142,20 +145,25 @@ private:
     double GetHeightRate() const;
 
     static CRect MergeRect(CRect a, CRect b);
+    // The pass (0 the first, 1 the second) makes no difference.
     void ModifyWindow2(CRect rc, NodeType nPass);
     void ModifyWindow(CRect rc, NodeType nPass) { ModifyWindow2(rc, nPass); }
     void ReCalRate(CRect rc) { ReCalRate2(rc); }
+    // The rectangle makes no difference.
     void ReCalRate2(CRect rc);
 
     const CSplitLine* FindDivider(DIRECT_VALUE d) const;
     bool MayDelete(const CSplitLine* pSide) const;
     void DeleteLines();
+    void TakeLines(std::vector<splitframe::CSplitLineLink>& arrTaken);
     void DropLinks();
 
     // Set while the unit that this leaf belongs to lives.
     CBaseUnitWnd* m_pUnit = nullptr;
     // All links that name this node.
     splitframe::CSplitLineLink* m_pLinks = nullptr;
+    // The layout pass that divided this line last: none divides a line twice, however hooks relink the tree.
+    std::uint64_t m_nLayoutPass = 0;
     // A copy refers to sides that the original owns.
     bool m_bOwnsSides = true;
 };

@@ -15,13 +15,21 @@ class SPLITFRAME_API CSplitLineLink
 {
 public:
     CSplitLineLink() = default;
-    CSplitLineLink(CSplitLine* pNode) { Set(pNode); }
-    CSplitLineLink(const CSplitLineLink& other) { Set(other.m_pNode); }
-    ~CSplitLineLink() { Set(nullptr); }
+    CSplitLineLink(CSplitLine* pNode)
+    {
+        if (pNode)
+            Attach(pNode);
+    }
+    CSplitLineLink(const CSplitLineLink& other) : CSplitLineLink(other.m_pNode) {}
+    ~CSplitLineLink()
+    {
+        if (m_pNode)
+            Detach();
+    }
 
     CSplitLineLink& operator=(const CSplitLineLink& other)
     {
-        Set(other.m_pNode);
+        Set(other.m_pNode); // harmless for itself
         return *this;
     }
     CSplitLineLink& operator=(CSplitLine* pNode)
@@ -37,6 +45,8 @@ public:
 private:
     friend class ::CSplitLine;
 
+    void Attach(CSplitLine* pNode);
+    void Detach();
     void Set(CSplitLine* pNode);
 
     CSplitLine* m_pNode = nullptr;
