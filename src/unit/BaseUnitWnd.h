@@ -49,6 +49,7 @@ public:
     virtual bool IsKeyFilted(UINT nChar);
     /// The class of the unit, by which the registry knows it.
     virtual GUID GetGUID();
+    using CWnd::Create;
     /// Creates the window, hidden.
     /// @param pInfo  the record: name, rectangle, border, limits; not owned, outlives the unit. Null: no
     /// name, a
