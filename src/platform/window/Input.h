@@ -1,0 +1,16 @@
+// Real and simulated input alike, from what the display hands in to messages for windows: who gets it, double
+// clicks, keys that are held, the cursor.
+#pragma once
+
+#include "platform/window/Messages.h"
+
+namespace splitframe {
+
+/// Takes the next input for a window. Input for nobody is used up on the way; so is what the manager itself
+/// answers (activation, a new size). @param bRemove  false leaves the message for the next call
+bool TakeInput(MSG& msg, bool bRemove);
+
+/// Where the pointer is, for messages that are not input.
+POINT PointerPosition();
+
+} // namespace splitframe

@@ -1,0 +1,32 @@
+// Posted messages: filled by any thread, emptied by the user-interface thread, in order.
+#pragma once
+
+#include "platform/window/Messages.h"
+
+#include <deque>
+#include <mutex>
+
+namespace splitframe {
+
+class MessageQueue
+{
+public:
+    /// More than that wait only when nobody takes them: a flood that would end in running out of memory.
+    static constexpr std::size_t LONGEST = 1'000'000;
+
+    /// Any thread. @return false when the queue is full
+    bool Post(const MSG& msg);
+    /// User-interface thread. Messages to windows that are gone are dropped on the way.
+    bool Take(MSG& msg, bool bRemove);
+
+private:
+    void Fetch();
+
+    std::mutex m_mutex;
+    std::deque<MSG> m_incoming; // guarded by the mutex
+    std::deque<MSG> m_ready;    // of the user-interface thread
+};
+
+MessageQueue& PostedMessages();
+
+} // namespace splitframe
