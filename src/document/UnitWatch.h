@@ -1,0 +1,55 @@
+// Holds a unit across calls into host code, which may delete it.
+#pragma once
+
+#include "unit/BaseUnitWnd.h"
+#include "unit/UnitObserver.h"
+
+#include <memory>
+
+namespace splitframe {
+
+/// A pointer to a unit that becomes null when the unit is deleted. Owns nothing.
+class UnitWatch
+{
+public:
+    explicit UnitWatch(CBaseUnitWnd* pUnit)
+        : m_pUnit(pUnit), m_observer([this](const CBaseUnitWnd* pDeleted) {
+              if (pDeleted == m_pUnit)
+                  m_pUnit = nullptr;
+          })
+    {
+    }
+
+    CBaseUnitWnd* Get() const { return m_pUnit; }
+
+private:
+    CBaseUnitWnd* m_pUnit;
+    CUnitObserver m_observer;
+};
+
+/// A unit that nobody lists yet: deleted at the end unless it was released, or deleted by its own hooks.
+class NewUnit
+{
+public:
+    explicit NewUnit(std::unique_ptr<CBaseUnitWnd> pUnit) : m_watch(pUnit.release()) {}
+    NewUnit(const NewUnit&) = delete;
+    NewUnit& operator=(const NewUnit&) = delete;
+    ~NewUnit()
+    {
+        if (!m_bReleased)
+            delete m_watch.Get();
+    }
+
+    CBaseUnitWnd* Get() const { return m_watch.Get(); }
+    CBaseUnitWnd* Release()
+    {
+        m_bReleased = true;
+        return Get();
+    }
+
+private:
+    UnitWatch m_watch;
+    bool m_bReleased = false;
+};
+
+} // namespace splitframe
