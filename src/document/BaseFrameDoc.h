@@ -9,6 +9,7 @@
 // Document, view, helper and frames know each other: a unit's hook reaches the document through any of them.
 #pragma once
 
+#include "layout/SplitLineLink.h"
 #include "platform/base/Array.h"
 #include "platform/base/Export.h"
 #include "platform/base/Geometry.h"
@@ -17,6 +18,8 @@
 #include "platform/base/Types.h"
 #include "platform/docview/Document.h"
 
+#include <functional>
+#include <memory>
 #include <vector>
 
 class CBaseFrameHelper;
@@ -26,11 +29,15 @@ class CBaseUnitInfo;
 class CBaseUnitWnd;
 class CSplitLine;
 struct CRuntimeClass;
-struct Diagnostic;
+struct _SPLIT_INFO;
 
 namespace splitframe {
+class CUnitObserver;
 class DocumentList;
-class UnitFactory;
+class LineNames;
+class SideNumbers;
+class UnitNames;
+struct SplitSides;
 } // namespace splitframe
 
 /// A frame in one piece, for hosts that make frames by code. Nothing is owned.
@@ -170,17 +177,28 @@ public:
     /// class is unknown. The document keeps the window.
     CBaseUnitWnd* CreateBaseUnitWnd(const wchar_t* pszName);
 
-    // For the library's own view and frames.
+    // For the library's own loader, view and frames.
 
-    /// Whether a layout of the view would place anything: own units or global units that stand in it now.
+    /// Faults in the records and styles were told when their text was read; opening a frame tells them no
+    /// more.
+    void FaultsAreTold() { m_bFaultsTold = true; }
+
+    /// Calls a function for every own unit window of now, first to last, less those that leave the list
+    /// meanwhile.
+    void ForEachUnit(const std::function<void(CBaseUnitWnd*)>& fn);
+
+    /// Whether a layout of the view would place anything: own units, or global units that stand in it now.
     bool HasUnitsToLayOut();
 
     /// Takes the current style's global units into the view again, from wherever another frame has them, and
-    /// puts them back into their panes. The activation of the child frame calls it.
+    /// back into their panes. The activation of the child frame calls it.
     void AdoptGlobalUnits();
 
     /// Gives every global unit that stands in the view back to the main frame, before the view's window dies.
     void SendGlobalUnitsHome();
+
+    /// The view's window is about to die: nothing of this document is active any more.
+    void ViewIsDying();
 
     // The fields are open to hosts' derived classes and to the library's view, helper and frames. Whoever
     // takes a window out of a list takes its unit ID out of the list beside it.
@@ -238,36 +256,55 @@ protected:
 private:
     friend class splitframe::DocumentList;
 
-    // Where a global unit belongs in the tree. The pane is empty while another frame has the unit.
+    // Where a global unit belongs in the tree. The pane counts as empty while another frame has the unit.
     struct GlobalPane
     {
         CString strName;
-        CSplitLine* pLine; // a node of m_pRoot's tree
+        splitframe::CSplitLineLink line;
         bool bFirst;
     };
 
-    CBaseFrameStyle* CurrentStyle();
+    CBaseFrameStyle* FindCurrentStyle();
     bool IsViewGone() const;
-    bool ListsUnit(const CBaseUnitWnd* pUnit) const;
-    void CreateStyleUnit(CBaseFrameStyle& style, int nIndex);
-    void CreateOwnUnit(CBaseFrameStyle& style, int nIndex);
-    bool AdoptCachedUnit(const CString& strName, CBaseUnitWnd*& pUnit);
+
+    CBaseUnitWnd* CreateOwnUnit(CBaseUnitInfo* pInfo, const CString& strParam);
     void FocusFirstUnit();
-    void ShowAllUnits();
+    void ShowStyleWithoutLines();
+
+    CBaseUnitWnd* AdoptGlobalUnit(const CString& strName);
+    CBaseUnitWnd* FindGlobalInView(const CString& strName);
+    std::vector<CString> GlobalNames();
+    void MoveIntoView(CBaseUnitWnd* pUnit);
+    void PutIntoPane(const CString& strName, CBaseUnitWnd* pUnit);
+
     void BuildTree(CBaseFrameStyle& style);
-    void DisposeTree();
+    void DeleteTree();
+    CSplitLine* ResolveSide(const splitframe::LineNames& names, CArray<CSplitLine*, CSplitLine*>& arrNode,
+                            const wchar_t* pszName);
+    std::vector<splitframe::SplitSides> ResolveSides(const std::vector<_SPLIT_INFO>& arrInfo,
+                                                     const splitframe::LineNames& names,
+                                                     CArray<CSplitLine*, CSplitLine*>& arrNode,
+                                                     splitframe::SideNumbers& numbers);
+    void RememberGlobalPanes(const std::vector<CSplitLine*>& arrLeaf);
+
+    int CurrentUnitID(CBaseUnitWnd* pUnit);
+    void SetUnitID(const CBaseUnitWnd* pUnit, int nID);
+    void RemoveCachedAt(int nIndex);
+    CBaseUnitInfo* FindOwnRecord(const CString& strName);
+    CBaseUnitWnd* CreateCachedUnit(CBaseUnitInfo* pInfo);
+    CBaseUnitWnd* PutIntoCache(CBaseUnitWnd* pUnit, int nID);
+
     void MakeHelper(const GUID& guid);
     void ReleaseHelper();
-    void MoveIntoView(CBaseUnitWnd* pUnit);
-    void PutIntoPane(CBaseUnitWnd* pUnit);
-    void TakeOutOfPane(CBaseUnitWnd* pUnit);
-    void ForgetUnit(CBaseUnitWnd* pUnit);
+    void ForgetUnit(const CBaseUnitWnd* pUnit);
     void ForgetCached(const CBaseUnitWnd* pUnit);
     void ForgetDefinition();
-    int CachedUnitID(CBaseUnitWnd* pUnit);
-    void Report(const wchar_t* pszMessage, const CString& strName, const void* pRecord = nullptr) const;
+    void Report(const wchar_t* pszMessage, const CString& strName);
 
     CBaseFrameDoc* m_pDefinition = nullptr; // not owned; what this document was opened from
     std::vector<GlobalPane> m_arrGlobalPane;
-    bool m_bHasView = false; // Create was given a view
+    const splitframe::UnitNames* m_pUnitNames = nullptr; // only while names are resolved
+    HWND m_hView = nullptr;                              // the view's window, alive or dead
+    bool m_bFaultsTold = false;
+    std::unique_ptr<splitframe::CUnitObserver> m_pObserver; // takes deleted units out of the lists
 };

@@ -40,6 +40,9 @@ public:
 protected:
     CBaseFrameView();
 
+    /// Sends the global units home while they still have a window.
+    void OnBeginDestroy() override;
+
     void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
     void OnKeyUp(UINT nChar, UINT nRepCnt, UINT nFlags);
     void OnSysKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
@@ -50,6 +53,7 @@ protected:
 
 private:
     CBaseFrameHelper* GetHelper() const;
+    bool HelperTakes(UINT nMsg, WPARAM wParam, LPARAM lParam);
     void PassKey(UINT nMsg, UINT nChar, LPARAM lParam);
     void SelectNextUnit();
 };
