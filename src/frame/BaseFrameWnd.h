@@ -8,11 +8,17 @@
 #include "platform/base/String.h"
 #include "platform/docking/BCGPMDIFrameWnd.h"
 
+#include <memory>
+#include <vector>
+
 class CBaseFrameDoc;
 class CBaseUnitInfo;
 class CBaseUnitWnd;
 class CMultiDocTemplate;
 struct CRuntimeClass;
+namespace splitframe {
+class CUnitObserver;
+} // namespace splitframe
 
 /// What became of reading a layout definition.
 struct CLayoutLoadResult
@@ -97,6 +103,14 @@ public:
         return m_arrGlobalBaseUnitInfo;
     }
 
+    // For the library's documents.
+
+    /// Whether a pointer still is one of the global unit windows.
+    bool ListsGlobalUnit(const CBaseUnitWnd* pUnit) const;
+
+    /// Makes a global unit a hidden child of this window again: in no tree, notifying nobody.
+    void TakeHome(CBaseUnitWnd* pUnit);
+
     BOOL LoadFrame(UINT nIDResource, DWORD dwDefaultStyle = WS_OVERLAPPEDWINDOW | FWS_ADDTOTITLE,
                    CWnd* pParentWnd = nullptr, CCreateContext* pContext = nullptr) override;
 
@@ -116,15 +130,22 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    static CLayoutLoadResult LoadFile(const wchar_t* pszFile, CArray<CBaseFrameDoc*, CBaseFrameDoc*>& arrDoc,
-                                      CArray<CBaseUnitInfo*, CBaseUnitInfo*>& arrGlobal);
-    static CLayoutLoadResult LoadDoc(const wchar_t* pszText, CArray<CBaseFrameDoc*, CBaseFrameDoc*>& arrDoc,
-                                     CArray<CBaseUnitInfo*, CBaseUnitInfo*>& arrGlobal);
+    using FrameDocs = CArray<CBaseFrameDoc*, CBaseFrameDoc*>;
+    using UnitInfos = CArray<CBaseUnitInfo*, CBaseUnitInfo*>;
+
+    static CLayoutLoadResult LoadFile(const wchar_t* pszFile, FrameDocs& arrDoc, UnitInfos& arrGlobal);
+    static CLayoutLoadResult LoadDoc(const wchar_t* pszText, FrameDocs& arrDoc, UnitInfos& arrGlobal);
     int FinishInitialize(CMultiDocTemplate* pTemplate, int nFirstGlobal);
     void CreateGlobalUnits(int nFirst);
     void BuildFramesMenu();
+    bool FindStyleCommand(UINT nID, CBaseFrameDoc*& pDefinition, int& nStyle);
+    bool OpenByStyleName(const CString& strName);
+    bool ActivateOpenFrame(const CString& strName);
+    bool OpenByFrameName(const CString& strName);
     CFrameWnd* FindOpenFrame(const CString& strName);
     void OpenNewFrame(CBaseFrameDoc* pDefinition);
 
     CLayoutLoadResult m_loadResult;
+    std::vector<CString> m_arrOpening;                      // frames that are being made, outermost first
+    std::unique_ptr<splitframe::CUnitObserver> m_pObserver; // takes deleted units out of the list
 };
