@@ -9,9 +9,9 @@
 #include "platform/window/Messages.h"
 
 /// Takes the next message, painting and waiting meanwhile as needed. Painting is done inside, not returned.
-/// @return FALSE when the message is WM_QUIT, or when nothing can ever come any more (a headless display
-/// without
-///         timers and with nothing queued)
+/// @return FALSE when the message is WM_QUIT, or when nothing can come any more (a headless display whose
+/// clock
+///         was set: time does not pass by itself, so there is no sense in waiting)
 SPLITFRAME_PLATFORM_API BOOL GetMessage(MSG* pMsg);
 /// As GetMessage, but answers FALSE at once when there is nothing to take.
 /// @param nRemove  PM_NOREMOVE leaves the message where it was
@@ -43,6 +43,9 @@ SPLITFRAME_PLATFORM_API void HandleMessage(MSG* pMsg);
 /// Handles all that is queued or due, paintings included, and comes back: for tests, tools and modal work. A
 /// handler that posts to itself for ever is stopped after a great number of messages. WM_QUIT stays queued.
 SPLITFRAME_PLATFORM_API void DrainMessages();
+
+/// Whether this is the thread that first used the loop or created a window.
+SPLITFRAME_PLATFORM_API bool IsUserInterfaceThread();
 
 /// Paints all that is marked now and shows it.
 SPLITFRAME_PLATFORM_API void PaintNow();

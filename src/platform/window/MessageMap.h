@@ -1,6 +1,6 @@
-// The lines that a message map may hold. Each expands to one table entry whose small function unpacks the message's
-// parameters and calls the member function; nothing is reinterpreted, so a handler of the wrong type does not compile.
-// Included by CmdTarget.h.
+// The lines that a message map may hold. Each expands to one table entry whose small function unpacks the
+// message's parameters and calls the member function; nothing is reinterpreted, so a handler of the wrong
+// type does not compile. Included by CmdTarget.h.
 #pragma once
 
 #include "platform/base/Geometry.h"
@@ -72,27 +72,26 @@ inline CPoint PointIn(LPARAM lParam)
 #define ON_WM_MBUTTONDBLCLK() SPLITFRAME_WM_MOUSE(WM_MBUTTONDBLCLK, OnMButtonDblClk)
 /// BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint pt): pt in screen coordinates; zero passes the turn on
 #define ON_WM_MOUSEWHEEL()                                                                                   \
-    SPLITFRAME_WM_RESULT(WM_MOUSEWHEEL,                                                                      \
-                         OnMouseWheel(LOWORD(wParam), static_cast<short>(HIWORD(wParam)),                    \
-                                      splitframe::PointIn(lParam)))
+    SPLITFRAME_WM_RESULT(WM_MOUSEWHEEL, OnMouseWheel(LOWORD(wParam), static_cast<short>(HIWORD(wParam)),     \
+                                                     splitframe::PointIn(lParam)))
 // void OnXFocus(CWnd* pOther)
 #define ON_WM_SETFOCUS() SPLITFRAME_WM_VOID(WM_SETFOCUS, OnSetFocus(splitframe::WindowFromParameter(wParam)))
 #define ON_WM_KILLFOCUS()                                                                                    \
     SPLITFRAME_WM_VOID(WM_KILLFOCUS, OnKillFocus(splitframe::WindowFromParameter(wParam)))
 /// BOOL OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT message): nonzero when the cursor has been set
 #define ON_WM_SETCURSOR()                                                                                    \
-    SPLITFRAME_WM_RESULT(WM_SETCURSOR, OnSetCursor(splitframe::WindowFromParameter(wParam), LOWORD(lParam),  \
-                                                   HIWORD(lParam)))
+    SPLITFRAME_WM_RESULT(                                                                                    \
+        WM_SETCURSOR, OnSetCursor(splitframe::WindowFromParameter(wParam), LOWORD(lParam), HIWORD(lParam)))
 #define ON_WM_TIMER() SPLITFRAME_WM_VOID(WM_TIMER, OnTimer(static_cast<UINT_PTR>(wParam)))
 /// BOOL OnEraseBkgnd(CDC* pDC): nonzero when the background has been painted
 #define ON_WM_ERASEBKGND()                                                                                   \
     SPLITFRAME_WM_RESULT(WM_ERASEBKGND, OnEraseBkgnd(splitframe::AddressIn<CDC>(static_cast<LPARAM>(wParam))))
 /// void OnActivate(UINT nState, CWnd* pOther, BOOL bMinimized)
 #define ON_WM_ACTIVATE()                                                                                     \
-    SPLITFRAME_WM_VOID(WM_ACTIVATE, OnActivate(LOWORD(wParam),                                               \
-                                               splitframe::WindowFromParameter(                              \
-                                                   static_cast<std::uintptr_t>(lParam)),                     \
-                                               static_cast<BOOL>(HIWORD(wParam))))
+    SPLITFRAME_WM_VOID(WM_ACTIVATE,                                                                          \
+                       OnActivate(LOWORD(wParam),                                                            \
+                                  splitframe::WindowFromParameter(static_cast<std::uintptr_t>(lParam)),      \
+                                  static_cast<BOOL>(HIWORD(wParam))))
 /// void OnMDIActivate(BOOL bActivate, CWnd* pActivateWnd, CWnd* pDeactivateWnd)
 #define ON_WM_MDIACTIVATE()                                                                                  \
     SPLITFRAME_WM_VOID(                                                                                      \
@@ -107,8 +106,8 @@ inline CPoint PointIn(LPARAM lParam)
 #define ON_WM_ENABLE() SPLITFRAME_WM_VOID(WM_ENABLE, OnEnable(static_cast<BOOL>(wParam)))
 /// void OnCaptureChanged(CWnd* pNew)
 #define ON_WM_CAPTURECHANGED()                                                                               \
-    SPLITFRAME_WM_VOID(WM_CAPTURECHANGED,                                                                    \
-                       OnCaptureChanged(splitframe::WindowFromParameter(static_cast<std::uintptr_t>(lParam))))
+    SPLITFRAME_WM_VOID(WM_CAPTURECHANGED, OnCaptureChanged(splitframe::WindowFromParameter(                  \
+                                              static_cast<std::uintptr_t>(lParam))))
 /// void OnContextMenu(CWnd* pWnd, CPoint pt): screen coordinates; (-1, -1) when asked for by key
 #define ON_WM_CONTEXTMENU()                                                                                  \
     SPLITFRAME_WM_VOID(WM_CONTEXTMENU,                                                                       \
