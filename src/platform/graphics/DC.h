@@ -175,7 +175,7 @@ private:
         int nRop = R2_COPYPEN;
         POINT ptPosition{};
         POINT ptViewport{};
-        splitframe::Region clip; // surface coordinates, never more than the canvas's
+        splitframe::Region clip{}; // surface coordinates, never more than the canvas's
     };
     class Painter;
     friend class Painter;

@@ -67,7 +67,8 @@ private:
     int m_cxDevice = 0;
     int m_cyDevice = 0;
     std::unique_ptr<std::uint32_t[], void (*)(void*)> m_pPixels;
-    std::unique_ptr<Backend> m_pBackend; // the drawing library's view of the same pixels, made at first use
+    // The drawing library's view of the same pixels, made at first use.
+    std::unique_ptr<Backend, void (*)(Backend*)> m_pBackend{nullptr, nullptr};
 };
 
 /// A colour as a painted pixel of a surface, and back.
