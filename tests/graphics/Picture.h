@@ -39,12 +39,10 @@ struct Picture
     {
         const std::map<COLORREF, char> letters = {{kWhite, '.'}, {0, '#'}, {kRed, 'r'}, {kBlue, 'b'}};
         std::string str;
-        for (int y = rc.top; y < rc.bottom; ++y)
-        {
+        for (int y = rc.top; y < rc.bottom; ++y) {
             if (y > rc.top)
                 str += '/';
-            for (int x = rc.left; x < rc.right; ++x)
-            {
+            for (int x = rc.left; x < rc.right; ++x) {
                 const auto found = letters.find(surface.GetPixel(x, y));
                 str += found == letters.end() ? '?' : found->second;
             }

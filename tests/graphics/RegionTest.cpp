@@ -36,8 +36,7 @@ std::string CheckRegion(const Region& region)
 {
     const RECT* pBefore = nullptr;
     RECT rcBounds{INT_MAX, INT_MAX, INT_MIN, INT_MIN};
-    for (const RECT& rc : region.Rects())
-    {
+    for (const RECT& rc : region.Rects()) {
         if (rc.left >= rc.right || rc.top >= rc.bottom)
             return "rectangle without area";
         if (pBefore && pBefore->top == rc.top && (pBefore->bottom != rc.bottom || pBefore->right >= rc.left))
@@ -80,8 +79,7 @@ void Step(std::mt19937& random, Region& region, Cells& cells)
 {
     const RECT rc = RandomRect(random);
     Region other = Region::FromRects(std::vector<RECT>{rc, RandomRect(random), RandomRect(random)});
-    switch (random() % 8)
-    {
+    switch (random() % 8) {
     case 0:
     case 1:
         region.Union(rc);
@@ -116,14 +114,12 @@ void Step(std::mt19937& random, Region& region, Cells& cells)
 
 TEST(Region, AgreesWithCellsAfterEveryStep)
 {
-    for (unsigned nSeed = 1; nSeed <= 200; ++nSeed)
-    {
+    for (unsigned nSeed = 1; nSeed <= 200; ++nSeed) {
         SCOPED_TRACE("seed " + std::to_string(nSeed));
         std::mt19937 random(nSeed);
         Region region;
         Cells cells;
-        for (int i = 0; i < 40; ++i)
-        {
+        for (int i = 0; i < 40; ++i) {
             Step(random, region, cells);
             ASSERT_EQ(CheckRegion(region), "") << "step " << i;
             ASSERT_EQ(CellsOf(region), cells) << "step " << i;
@@ -136,8 +132,7 @@ TEST(Region, AgreesWithCellsAfterEveryStep)
 TEST(Region, AnswersQuestionsLikeCells)
 {
     std::mt19937 random(7);
-    for (int nRound = 0; nRound < 300; ++nRound)
-    {
+    for (int nRound = 0; nRound < 300; ++nRound) {
         Region region;
         Cells cells;
         for (int i = 0; i < 6; ++i)
@@ -146,8 +141,7 @@ TEST(Region, AnswersQuestionsLikeCells)
         EXPECT_EQ(region.Intersects(rc), (CellsOf(rc) & cells).any());
         EXPECT_EQ(region.Contains(rc), (CellsOf(rc) & ~cells).none());
         for (int y = -1; y <= kSide; ++y)
-            for (int x = -1; x <= kSide; ++x)
-            {
+            for (int x = -1; x <= kSide; ++x) {
                 const bool bIn = x >= 0 && y >= 0 && x < kSide && y < kSide &&
                                  cells.test(static_cast<std::size_t>(y * kSide + x));
                 ASSERT_EQ(region.Contains(POINT{x, y}), bIn) << x << "," << y;

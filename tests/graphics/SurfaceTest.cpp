@@ -1,4 +1,5 @@
-// Surfaces: edges at every scale, copies that overlap and leave, the exclusive-or plane, PNG files and their faults.
+// Surfaces: edges at every scale, copies that overlap and leave, the exclusive-or plane, PNG files and their
+// faults.
 #include "Picture.h"
 
 #include "platform/graphics/Png.h"
@@ -16,8 +17,7 @@ using splitframe::Surface;
 
 TEST(Surface, SizesThatMakeNoSenseGiveAnEmptySurface)
 {
-    for (const auto& [cx, cy] : {std::pair{0, 5}, {5, 0}, {-1, 5}, {INT_MIN, INT_MIN}})
-    {
+    for (const auto& [cx, cy] : {std::pair{0, 5}, {5, 0}, {-1, 5}, {INT_MIN, INT_MIN}}) {
         Surface surface(cx, cy);
         EXPECT_TRUE(surface.IsEmpty());
         surface.Fill({INT_MIN, INT_MIN, INT_MAX, INT_MAX}, kRed);
@@ -32,8 +32,7 @@ TEST(Surface, SizesThatMakeNoSenseGiveAnEmptySurface)
 
 TEST(Surface, NeighboursMeetExactlyAtEveryScale)
 {
-    for (const double dScale : {0.5, 1.0, 1.25, 1.5, 1.75, 2.0, 3.0})
-    {
+    for (const double dScale : {0.5, 1.0, 1.25, 1.5, 1.75, 2.0, 3.0}) {
         SCOPED_TRACE(dScale);
         Surface surface(41, 3, dScale, kWhite);
         for (int x = 0; x < 41; ++x)
@@ -48,8 +47,7 @@ TEST(Surface, CopiesWithinItselfAndAcrossItsEdges)
 {
     std::mt19937 random(3);
     const auto pick = [&] { return std::uniform_int_distribution<int>(-6, 14)(random); };
-    for (int nRound = 0; nRound < 500; ++nRound)
-    {
+    for (int nRound = 0; nRound < 500; ++nRound) {
         Surface surface(12, 9);
         for (int y = 0; y < 9; ++y)
             for (int x = 0; x < 12; ++x)
@@ -58,12 +56,11 @@ TEST(Surface, CopiesWithinItselfAndAcrossItsEdges)
         const POINT pt{pick(), pick()};
         surface.Copy(surface, rc, pt);
         for (int y = 0; y < 9; ++y)
-            for (int x = 0; x < 12; ++x)
-            {
+            for (int x = 0; x < 12; ++x) {
                 const int xFrom = x - pt.x + rc.left;
                 const int yFrom = y - pt.y + rc.top;
-                const bool bCopied = CRect(rc).PtInRect({xFrom, yFrom}) &&
-                                     CRect(surface.Bounds()).PtInRect({xFrom, yFrom});
+                const bool bCopied =
+                    CRect(rc).PtInRect({xFrom, yFrom}) && CRect(surface.Bounds()).PtInRect({xFrom, yFrom});
                 ASSERT_EQ(surface.GetPixel(x, y), bCopied ? RGB(xFrom, yFrom, 9) : RGB(x, y, 9))
                     << "round " << nRound << " at " << x << "," << y;
             }
@@ -73,8 +70,7 @@ TEST(Surface, CopiesWithinItselfAndAcrossItsEdges)
 TEST(Surface, CopiesBetweenScales)
 {
     for (const double dFrom : {1.0, 1.5, 2.0})
-        for (const double dTo : {1.0, 1.25, 2.0})
-        {
+        for (const double dTo : {1.0, 1.25, 2.0}) {
             Surface from(10, 10, dFrom, kWhite);
             from.Fill({2, 2, 5, 5}, kRed);
             Surface to(10, 10, dTo, kBlue);
@@ -119,7 +115,8 @@ TEST(Png, WritesOrSaysWhyNot)
     EXPECT_EQ(splitframe::WritePng(picture.surface, folder), "Is a directory");
     EXPECT_NE(splitframe::WritePng(Surface(0, 0), folder / "b.png"), "");
     EXPECT_FALSE(std::filesystem::exists(folder / "b.png"));
-    if (std::filesystem::exists("/dev/full"))
+    if (std::filesystem::exists("/dev/full")) {
         EXPECT_EQ(splitframe::WritePng(picture.surface, "/dev/full"), "No space left on device");
+    }
     std::filesystem::remove_all(folder);
 }

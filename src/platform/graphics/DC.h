@@ -154,7 +154,8 @@ public:
     /// text count; DT_WORDBREAK breaks at words that do not fit (at characters if a word is too long),
     /// DT_END_ELLIPSIS shortens a line that does not fit; DT_VCENTER and DT_BOTTOM need DT_SINGLELINE. Unless
     /// DT_NOPREFIX, '&' underlines the next character and "&&" is an ampersand. DT_CALCRECT draws nothing and
-    /// sets right and bottom to hold the text. Text beyond 65536 units is cut.
+    /// sets right and bottom to hold the text. Text beyond 65536 units (16384
+    /// with DT_WORDBREAK) is cut.
     /// @return the height of the text in logical pixels
     int DrawText(const CString& strText, LPRECT pRect, UINT nFlags);
     /// Draws one line with its upper left corner at (x, y). '&' is a character.

@@ -266,6 +266,12 @@ void Region::Clear()
 void Region::Assign(std::vector<RECT>&& rects)
 {
     m_rects = std::move(rects);
+    Settle();
+}
+
+// Makes bounds and the form of a single rectangle fit the list.
+void Region::Settle()
+{
     m_rcBounds = {};
     if (m_rects.empty())
         return;
@@ -295,7 +301,7 @@ template <class Rule> void Region::CombineRows(const RECT& rc, Rule rule)
         std::copy(changed.begin(), changed.begin() + nOld, first);
         m_rects.insert(last, changed.begin() + nOld, changed.end());
     }
-    Assign(std::move(m_rects));
+    Settle();
 }
 
 template <class Rule> void Region::CombineAll(const Region& other, Rule rule)

@@ -53,6 +53,7 @@ public:
 
 private:
     void Assign(std::vector<RECT>&& rects);
+    void Settle();
     template <class Rule> void CombineRows(const RECT& rc, Rule rule);
     template <class Rule> void CombineAll(const Region& other, Rule rule);
 

@@ -31,7 +31,9 @@ using FontPtr = std::unique_ptr<PangoFontDescription, Freer<&pango_font_descript
 using AttributesPtr = std::unique_ptr<PangoAttrList, Freer<&pango_attr_list_unref>>;
 using OptionsPtr = std::unique_ptr<cairo_font_options_t, Freer<&cairo_font_options_destroy>>;
 
-constexpr std::size_t kMaxUnits = 65536;      // of one text
+constexpr std::size_t kMaxUnits = 65536;       // of one text
+constexpr std::size_t kMaxBrokenUnits = 16384; // of one text that is broken into lines
+constexpr std::size_t kMaxParagraph = 1000;    // units of one paragraph in such a text
 constexpr std::size_t kMaxExtent = 1'500'000; // logical pixels: what the layout library can count in one line
 constexpr int kMaxWidth = 1'000'000;
 constexpr std::size_t kMaxBlocks = 4096; // kept in the cache
@@ -54,12 +56,16 @@ bool IsLow(wchar_t unit)
 }
 
 // A cut never parts the two units of one character.
-std::wstring_view CutText(std::wstring_view text, int nFontHeight)
+std::size_t CutBefore(std::wstring_view text, std::size_t nMax)
 {
-    const std::size_t nMax = std::min(kMaxUnits, kMaxExtent / static_cast<std::size_t>(nFontHeight));
-    if (text.size() <= nMax)
-        return text;
-    return text.substr(0, IsHigh(text[nMax - 1]) ? nMax - 1 : nMax);
+    return nMax > 0 && nMax < text.size() && IsHigh(text[nMax - 1]) ? nMax - 1 : std::min(nMax, text.size());
+}
+
+std::wstring_view CutText(const TextRequest& request, int nFontHeight)
+{
+    const std::size_t nMax = (request.nFlags & TextRequest::WordBreak) != 0 ? kMaxBrokenUnits : kMaxUnits;
+    return request.text.substr(
+        0, CutBefore(request.text, std::min(nMax, kMaxExtent / static_cast<std::size_t>(nFontHeight))));
 }
 
 // Every unit as it can be shown: unpaired surrogates become the replacement character; zeros, and in a single
@@ -92,6 +98,27 @@ CleanText Clean(std::wstring_view text, unsigned nFlags)
         clean.units.push_back(Shown(text, i, (nFlags & TextRequest::SingleLine) != 0));
     }
     return clean;
+}
+
+// Breaking a paragraph costs the square of its length: a very long one goes on in a new line now and then.
+void PartParagraphs(std::wstring& units)
+{
+    std::size_t nStart = 0;
+    while (nStart + kMaxParagraph < units.size()) {
+        const std::size_t nBreak = units.find(L'\n', nStart);
+        if (nBreak <= nStart + kMaxParagraph) {
+            nStart = nBreak + 1;
+            continue;
+        }
+        const std::size_t nSpace = units.rfind(L' ', nStart + kMaxParagraph);
+        const bool bAtSpace = nSpace != std::wstring::npos && nSpace > nStart;
+        const std::size_t nAt = bAtSpace ? nSpace : CutBefore(units, nStart + kMaxParagraph);
+        if (bAtSpace)
+            units[nAt] = L'\n';
+        else
+            units.insert(nAt, 1, L'\n');
+        nStart = nAt + 1;
+    }
 }
 
 AttributesPtr Underlines(const CleanText& clean, std::size_t nBytes, bool bWhole)
@@ -284,7 +311,9 @@ FontMetrics TextEngine::Metrics(int nFont)
 LayoutPtr TextEngine::MakeLayout(const TextRequest& request)
 {
     const FontData& font = Fonts()[static_cast<std::size_t>(request.nFont)];
-    const CleanText clean = Clean(CutText(request.text, font.nHeight), request.nFlags);
+    CleanText clean = Clean(CutText(request, font.nHeight), request.nFlags);
+    if ((request.nFlags & TextRequest::WordBreak) != 0)
+        PartParagraphs(clean.units);
     const std::string utf8 = EncodeUtf8(clean.units);
     LayoutPtr pLayout(pango_layout_new(ContextFor(request.dScale)));
     pango_layout_set_font_description(pLayout.get(), FontFor(request.nFont));
