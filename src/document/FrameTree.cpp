@@ -97,13 +97,6 @@ CSplitLine* NodeOf(const SplitSide& side, const Nodes& arrNode, const SideNumber
     }
 }
 
-void LinkSide(CSplitLine& line, splitframe::CSplitLineLink& side, CSplitLine* pChild)
-{
-    side = pChild;
-    if (pChild)
-        pChild->m_pParent = &line;
-}
-
 // Links what the plan says; the nodes of its tree belong to the root from then on.
 // @return the leaves of the tree
 std::vector<CSplitLine*> LinkPlan(const SplitPlan& plan, Nodes& arrNode, const SideNumbers& numbers)
