@@ -57,6 +57,7 @@ public:
 
     HMENU m_hMenu = nullptr;
     HMENU GetSafeHmenu() const { return m_hMenu; }
+    operator HMENU() const { return m_hMenu; }
 
     BOOL CreateMenu();
     BOOL CreatePopupMenu();

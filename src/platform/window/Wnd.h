@@ -29,6 +29,7 @@ public:
     /// The window, or null before creation and after WM_NCDESTROY.
     HWND m_hWnd = nullptr;
     HWND GetSafeHwnd() const { return m_hWnd; }
+    operator HWND() const { return m_hWnd; }
     /// The object of a window; null for handles without window.
     static CWnd* FromHandle(HWND hWnd);
     static CWnd* FromHandlePermanent(HWND hWnd) { return FromHandle(hWnd); }
