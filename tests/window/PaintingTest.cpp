@@ -154,15 +154,11 @@ TEST_F(PaintingTest, AClassBrushErases)
     const LPCWSTR pszClass =
         AfxRegisterWndClass(0, nullptr, reinterpret_cast<HBRUSH>(std::uintptr_t{COLOR_HIGHLIGHT + 1}));
     wnd.Open(&m_main, {0, 200, 50, 250}, WS_VISIBLE, pszClass);
-    COLORREF colErased = 0;
-    wnd.m_on[WM_PAINT] = [&] {};
-    wnd.m_color = RED;
     Drain();
     EXPECT_EQ(wnd.m_nErases, 1);
     wnd.InvalidateRect(nullptr, FALSE);
     Drain();
     EXPECT_EQ(wnd.m_nErases, 1) << "not asked to erase";
-    (void)colErased;
     CPlainWnd wndPlain;
     wndPlain.Create(pszClass, L"", WS_CHILD | WS_VISIBLE, CRect(60, 200, 90, 250), &m_main, 0);
     Drain();
@@ -202,13 +198,15 @@ TEST_F(PaintingTest, AClientContextDrawsOnlyWhatIsVisible)
     pDC->FillSolidRect(CRect(-100, -100, 500, 500), RGB(1, 2, 3));
     m_a.ReleaseDC(pDC);
     Drain();
-    EXPECT_EQ(Pixel(20, 20), m_main.GetTopWindow() == &m_b ? RGB(1, 2, 3) : RGB(1, 2, 3));
+    EXPECT_EQ(Pixel(20, 20), RGB(1, 2, 3));
     EXPECT_EQ(Pixel(5, 5), RED);
-    EXPECT_EQ(Pixel(60, 20), BLUE);
+    EXPECT_EQ(Pixel(60, 20), BLUE) << "the sibling above is spared";
 }
 
 TEST_F(PaintingTest, AThousandPanesAreEachPaintedOnce)
 {
+    m_a.DestroyWindow();
+    m_b.DestroyWindow();
     std::vector<std::unique_ptr<CLogWnd>> panes;
     for (int n = 0; n < 1000; ++n) {
         panes.push_back(std::make_unique<CLogWnd>("p"));
