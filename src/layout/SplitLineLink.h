@@ -29,7 +29,8 @@ public:
 
     CSplitLineLink& operator=(const CSplitLineLink& other)
     {
-        Set(other.m_pNode); // harmless for itself
+        if (this != &other)
+            Set(other.m_pNode);
         return *this;
     }
     CSplitLineLink& operator=(CSplitLine* pNode)

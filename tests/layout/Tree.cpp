@@ -207,6 +207,7 @@ TEST(Tree, AHundredThousandDeep)
     for (int i = 0; i < DEPTH; ++i) {
         panes.push_back(std::make_unique<Pane>());
         panes.back()->m_pBaseUnitInfo = &info;
+        panes.back()->m_bActivated = true; // a hook at each would make the sizes be looked at again each time
         auto* pNext = new Line;
         i % 2 ? Link(*pLine, panes.back().get(), pNext) : Link(*pLine, pNext, panes.back().get());
         pLine = pNext;
