@@ -115,8 +115,9 @@ private:
     }
     int TakeInt()
     {
-        return std::stoi(
-            TakeWhile([](char c) { return std::isdigit(static_cast<unsigned char>(c)) || c == '-'; }));
+        const std::string strSign = Take('-') ? "-" : "";
+        return std::stoi(strSign +
+                         TakeWhile([](char c) { return std::isdigit(static_cast<unsigned char>(c)); }));
     }
 
     CSplitLine* ReadNode()
