@@ -19,7 +19,7 @@ CPaintDC::CPaintDC(CWnd* pWnd) : m_hWnd(pWnd ? pWnd->GetSafeHwnd() : nullptr)
     const POINT pt = ScreenOrigin(*pRecord);
     Region part = TakePaintPart(m_hWnd);
     m_ps.rcPaint = Moved(part.Bounds(), -pt.x, -pt.y);
-    AttachCanvas(CanvasFor(pt, std::move(part), true));
+    AttachCanvas(CanvasFor(pt, std::move(part), false));
 }
 
 CPaintDC::~CPaintDC()

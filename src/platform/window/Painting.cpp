@@ -241,6 +241,7 @@ Region TakePaintPart(HWND hWnd)
     const POINT pt = ScreenOrigin(*pRecord);
     part.Intersect(Moved(rcMarked, pt.x, pt.y));
     pRecord->rcOwn = RECT{};
+    TheScreen().damage.Union(part);
     return part;
 }
 

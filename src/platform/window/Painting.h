@@ -27,7 +27,8 @@ bool IsPaintingDue();
 void PaintTree(WindowRecord& root);
 
 /// The part that a window is painting now (screen coordinates), for its CPaintDC: of the paint message under
-/// way, else what is marked in it and can be seen; the mark is taken back.
+/// way, else what is marked in it and can be seen; the mark is taken back. All of it counts as changed on the
+/// screen.
 Region TakePaintPart(HWND hWnd);
 
 /// Fills a part of a window's background: with its class's brush, else with the face colour. False: no brush.
