@@ -11,7 +11,6 @@ using splitframe::BrushData;
 using splitframe::FindObject;
 using splitframe::FontData;
 using splitframe::PenData;
-using splitframe::Region;
 
 IMPLEMENT_DYNAMIC(CDC, CObject)
 

@@ -6,7 +6,6 @@
 
 #include <limits>
 
-using splitframe::BrushData;
 using splitframe::FindObject;
 using splitframe::ForEachOverlap;
 using splitframe::PenData;

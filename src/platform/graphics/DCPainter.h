@@ -7,6 +7,10 @@
 
 #include <optional>
 
+namespace splitframe {
+class TextBlock;
+}
+
 /// Made for one drawing call. All its own coordinates are surface coordinates: logical pixels, unclipped, in
 /// 64 bits or cut to the 32-bit range.
 class CDC::Painter
@@ -53,6 +57,10 @@ public:
     /// Fills with the selected brush, then outlines with the selected pen.
     void FillAndOutline(std::vector<splitframe::ShapePoint> area,
                         std::vector<splitframe::ShapePoint> outline) const;
+
+    /// Draws the lines of a text that the clip shows. The rectangle and the flags are those of CDC::DrawText.
+    void DrawLines(const splitframe::TextBlock& block, int nFont, const RECT& rc, UINT nFlags,
+                   const splitframe::Region& clip) const;
 
 private:
     bool IsXor() const { return m_dc.m_state.nRop == R2_XORPEN; }

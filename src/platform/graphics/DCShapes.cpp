@@ -47,7 +47,7 @@ std::vector<ShapePoint> Outline(const Oval& oval)
     const int nSteps = static_cast<int>(std::clamp(4.0 * std::sqrt(dRadius), 2.0, 2000.0));
     const double dStep = std::numbers::pi / 2.0 / nSteps;
     std::vector<ShapePoint> points;
-    points.reserve(static_cast<std::size_t>(4 * nSteps + 4));
+    points.reserve(4 * (static_cast<std::size_t>(nSteps) + 1));
     for (int nCorner = 0; nCorner < 4; ++nCorner) {
         // Clockwise from the right end of the box: lower right, lower left, upper left, upper right corner.
         const double x = nCorner == 0 || nCorner == 3 ? oval.right - oval.rx : oval.left + oval.rx;

@@ -56,7 +56,7 @@ std::int64_t LineStart(std::int64_t nLeft, std::int64_t nRight, int nWidth, UINT
     return nFlags & DT_RIGHT ? nRight - nWidth : nLeft;
 }
 
-std::int64_t FirstLineTop(std::int64_t nTop, std::int64_t nBottom, int nHeight, UINT nFlags)
+std::int64_t FirstLineTop(std::int64_t nTop, std::int64_t nBottom, std::int64_t nHeight, UINT nFlags)
 {
     if ((nFlags & DT_SINGLELINE) == 0)
         return nTop;
@@ -91,10 +91,16 @@ int CDC::DrawText(const CString& strText, LPRECT pRect, UINT nFlags)
                                    std::int64_t{pRect->top} + nHeight);
         return nHeight;
     }
-    if (nLineHeight == 0 || clip.IsEmpty())
-        return nHeight;
+    if (nLineHeight != 0 && !clip.IsEmpty())
+        painter.DrawLines(block, request.nFont, *pRect, nFlags, clip);
+    return nHeight;
+}
 
-    const std::int64_t nTop = FirstLineTop(painter.Y(pRect->top), painter.Y(pRect->bottom), nHeight, nFlags);
+void CDC::Painter::DrawLines(const TextBlock& block, int nFont, const RECT& rc, UINT nFlags,
+                             const Region& clip) const
+{
+    const std::int64_t nLineHeight = splitframe::GetFontMetrics(nFont).Height();
+    const std::int64_t nTop = FirstLineTop(Y(rc.top), Y(rc.bottom), block.LineCount() * nLineHeight, nFlags);
     const RECT& rcSeen = clip.Bounds();
     // One line more on either side: glyphs reach a little out of their line.
     const std::int64_t nFirst = std::max<std::int64_t>(0, (rcSeen.top - nTop) / nLineHeight - 1);
@@ -103,27 +109,23 @@ int CDC::DrawText(const CString& strText, LPRECT pRect, UINT nFlags)
     for (std::int64_t i = nFirst; i < nLast; ++i) {
         const int nLine = static_cast<int>(i);
         const int nWidth = block.LineWidth(nLine);
-        const std::int64_t x = LineStart(painter.X(pRect->left), painter.X(pRect->right), nWidth, nFlags);
+        const std::int64_t x = LineStart(X(rc.left), X(rc.right), nWidth, nFlags);
         const std::int64_t y = nTop + i * nLineHeight;
-        if (m_state.nBkMode == OPAQUE) {
-            const RECT rcLine =
-                splitframe::SharedRect(Painter::MakeRect(x, y, x + nWidth, y + nLineHeight), rcSeen);
+        if (m_dc.m_state.nBkMode == OPAQUE) {
+            const RECT rcLine = splitframe::SharedRect(MakeRect(x, y, x + nWidth, y + nLineHeight), rcSeen);
             splitframe::ForEachOverlap(clip, rcLine,
-                                       [&](const RECT& rc) { painter.Fill(rc, m_state.colBack); });
+                                       [&](const RECT& rcPart) { Fill(rcPart, m_dc.m_state.colBack); });
         }
-        splitframe::DrawTextLine(painter.Target(), clip, block, nLine, request.nFont, x, y, m_state.colText);
-        painter.AddDamage(
-            splitframe::SharedRect(Painter::MakeRect(x - nLineHeight, y - nLineHeight,
-                                                     x + nWidth + nLineHeight, y + 2 * nLineHeight),
-                                   rcSeen));
+        splitframe::DrawTextLine(Target(), clip, block, nLine, nFont, x, y, m_dc.m_state.colText);
+        AddDamage(splitframe::SharedRect(
+            MakeRect(x - nLineHeight, y - nLineHeight, x + nWidth + nLineHeight, y + 2 * nLineHeight),
+            rcSeen));
     }
-    return nHeight;
 }
 
 BOOL CDC::TextOut(int x, int y, const CString& strText)
 {
-    const CSize size = GetTextExtent(strText);
-    RECT rc = Painter::MakeRect(x, y, std::int64_t{x} + size.cx, std::int64_t{y} + size.cy);
+    RECT rc{x, y, x, y};
     DrawText(strText, &rc, DT_SINGLELINE | DT_NOPREFIX | DT_NOCLIP);
     return TRUE;
 }

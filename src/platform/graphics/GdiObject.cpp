@@ -11,7 +11,6 @@
 
 using splitframe::BrushData;
 using splitframe::FindObject;
-using splitframe::FontData;
 using splitframe::ObjectTable;
 using splitframe::PenData;
 
