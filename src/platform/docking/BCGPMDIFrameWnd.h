@@ -53,7 +53,6 @@ protected:
     /// Hands Tab on to the active view, so that it moves between panes whichever window has the focus. No
     /// other key: those were offered to the view on their way here.
     void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
-    void OnDestroy();
 
     DECLARE_MESSAGE_MAP()
 

@@ -1,5 +1,6 @@
-// The menu bar: the window that shows the items of the main frame's menu side by side. The menu belongs to
-// the main frame; items are read from it each time, so that what the host changes is shown.
+// The menu bar: the window that shows the items of the main frame's menu side by side.
+// Knows the menu by handle only; reads its items when told to (Refresh), so that what the host changes is
+// shown.
 #pragma once
 
 #include "platform/base/Geometry.h"
@@ -10,18 +11,10 @@
 
 namespace splitframe {
 
-/// An item's text without the marks of its mnemonic.
-struct MenuLabel
+class SPLITFRAME_PLATFORM_API CMenuBar : public CWnd
 {
-    CString strText;    // as it is drawn
-    int nMnemonic = -1; // index in strText of the letter that is underlined; -1: none
-};
+    DECLARE_DYNAMIC(CMenuBar)
 
-/// Reads "&File" as "File" with the mnemonic at 0, "&&" as an ampersand; the first mark wins.
-MenuLabel ParseMenuLabel(const CString& strLabel);
-
-class CMenuBar : public CWnd
-{
 public:
     CMenuBar();
     ~CMenuBar() override;
@@ -32,14 +25,15 @@ public:
     /// The height that the bar wants, in pixels.
     static int GetHeight();
 
-    /// Shows the items of hMenu; not owned. Null shows none.
+    /// Shows the items of hMenu; not owned. Null, and a menu that is destroyed later, show none.
     void SetMenu(HMENU hMenu);
 
-    /// Reads the items again and paints the bar.
+    /// Reads the items again and has the bar painted.
     void Refresh();
 
     bool IsEmpty() const { return m_arrItem.empty(); }
     int GetItemCount() const { return static_cast<int>(m_arrItem.size()); }
+    /// The item's label with the mark of its mnemonic; empty out of range.
     CString GetItemText(int nItem) const;
     /// The item's rectangle in client coordinates; empty for an item that is out of range.
     CRect GetItemRect(int nItem) const;
@@ -55,7 +49,7 @@ protected:
 private:
     struct Item
     {
-        MenuLabel label;
+        CString strLabel;
         bool bEnabled;
         CRect rc;
     };

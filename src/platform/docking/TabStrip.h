@@ -13,8 +13,10 @@ class CMDIFrameWnd;
 
 namespace splitframe {
 
-class CTabStrip : public CWnd
+class SPLITFRAME_PLATFORM_API CTabStrip : public CWnd
 {
+    DECLARE_DYNAMIC(CTabStrip)
+
 public:
     /// @param pMainFrame  outlives the strip; not owned
     explicit CTabStrip(CMDIFrameWnd* pMainFrame);
@@ -44,7 +46,6 @@ protected:
     void OnPaint();
     BOOL OnEraseBkgnd(CDC* pDC);
     void OnSize(UINT nType, int cx, int cy);
-    void OnMouseMove(UINT nFlags, CPoint pt);
     void OnLButtonDown(UINT nFlags, CPoint pt);
 
     DECLARE_MESSAGE_MAP()
@@ -58,6 +59,9 @@ private:
         CRect rc;
     };
 
+    void TakeOver(std::vector<Tab> arrTab, HWND hActiveFrame);
+    void MoveMark(HWND hActiveFrame);
+    int FindWidthLimit(int nRoom) const;
     void PlaceTabs();
     void DrawTab(CDC& dc, const Tab& tab, bool bActive) const;
 

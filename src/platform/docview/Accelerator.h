@@ -4,8 +4,7 @@
 
 #include "platform/base/Export.h"
 #include "platform/base/Types.h"
-
-struct MSG;
+#include "platform/window/Messages.h"
 
 using HACCEL = struct HACCEL__*;
 
@@ -18,8 +17,8 @@ inline constexpr BYTE FALT = 0x10;
 /// One entry of an accelerator table.
 struct ACCEL
 {
-    BYTE fVirt; // FVIRTKEY and the modifier keys that must be held; those not named must be up
-    WORD key;   // virtual-key code, or the character when FVIRTKEY is not set
+    BYTE fVirt; // FVIRTKEY, and FSHIFT, FCONTROL, FALT for the keys that must be held; the others must be up
+    WORD key;   // virtual-key code; without FVIRTKEY a character, for which the modifiers do not count
     WORD cmd;   // identifier of the command that is sent
 };
 

@@ -79,12 +79,12 @@ public:
     /// its last view is gone.
     virtual void OnChangedViewList();
 
-    /// Commands that no handler of the document takes go to nobody else; the frame asks on.
-    BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo) override;
-
 private:
     friend class CDocTemplate;
+    friend class CFrameWnd;
+    friend class CView;
     bool IsShownOutside(const CFrameWnd* pFrame) const;
+    void DestroyFrames();
 
     CString m_strTitle;
     CArray<CView*, CView*> m_arrView;    // not owned, they delete themselves

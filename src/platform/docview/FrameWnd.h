@@ -27,7 +27,7 @@ struct CCreateContext
     CFrameWnd* m_pCurrentFrame = nullptr;      // that frame
 };
 
-/// Frame style: the document's title is added to the frame's text.
+/// A frame style for templates and LoadFrame. Without effect: titles always show the document's.
 inline constexpr DWORD FWS_ADDTOTITLE = 0x00008000;
 
 /// Identifier of the pane that fills what the frame's bars leave free.
@@ -74,7 +74,8 @@ public:
     /// one.
     virtual CDocument* GetActiveDocument();
 
-    /// The frame's active view, or null. While the frame is being destroyed the view it had.
+    /// The frame's active view, or null. A view stays it until its object is deleted, so that it and its
+    /// document can be read while the frame is being destroyed.
     CView* GetActiveView() const { return m_pViewActive; }
 
     /// Makes a view of this frame its active view (null: none). With bNotify the views are told
@@ -116,6 +117,7 @@ public:
     void SetAccelerators(HACCEL hAccel) { m_hAccel = hAccel; }
 
     BOOL IsFrameWnd() const override;
+    /// Destroys the frame without asking. See CWnd.
     BOOL DestroyWindow() override;
     BOOL PreTranslateMessage(MSG* pMsg) override;
 
@@ -132,6 +134,10 @@ protected:
     BOOL PreCreateWindow(CREATESTRUCT& cs) override;
     void PostNcDestroy() override;
 
+    /// For destructors of classes whose members have windows inside the frame: destroys the window while
+    /// these members still live. The object does not delete itself any more.
+    void EndFromDestructor();
+
     /// Places the frame's bars in rcRoom (client coordinates) and takes their room away. The base's version
     /// has none.
     virtual void LayoutBars(CRect& rcRoom);
@@ -143,21 +149,27 @@ protected:
     /// Asks the document (CDocument::CanCloseFrame), then destroys the frame and, with its last frame, the
     /// document. A refusal, and a call from within a closing of the same frame, do nothing.
     void OnClose();
-    void OnDestroy();
     void OnSize(UINT nType, int cx, int cy);
     void OnSetFocus(CWnd* pOldWnd);
     void OnActivate(UINT nState, CWnd* pWndOther, BOOL bMinimized);
-    BOOL OnEraseBkgnd(CDC* pDC);
 
     DECLARE_MESSAGE_MAP()
 
 private:
     friend class CView;
-    void ForgetView(const CView* pView);
+    BOOL CreateFrameWindow(const wchar_t* pszClassName, DWORD dwStyle, DWORD dwExStyle, const CRect& rc,
+                           HWND hWndParent, CCreateContext* pContext);
+    void EndWithoutWindow();
+    CWnd* FindPane() const;
+    void InitialiseViews();
+    void LinkActiveView(CView* pView);
 
     CString m_strTitle;
     CView* m_pViewActive = nullptr; // not owned; a view that is deleted takes itself out
     HACCEL m_hAccel = nullptr;      // not owned
     bool m_bInLayout = false;
     bool m_bClosing = false;
+
+    friend class CMDIFrameWnd;
+    friend class CMDIChildWnd;
 };

@@ -29,6 +29,10 @@ public:
     /// The main frame around this one, or null before the window exists and after it is gone.
     CMDIFrameWnd* GetMDIFrame() const;
 
+    /// Whether the frame has been shown, or is about to be: hidden frames are not named by tabs and not
+    /// switched to.
+    bool IsShown() const;
+
     /// Makes it the active child frame of its main frame.
     void MDIActivate();
     /// Makes it fill the client area and activates it.
@@ -48,13 +52,21 @@ public:
 
 protected:
     BOOL PreCreateWindow(CREATESTRUCT& cs) override;
-
-    int OnCreate(LPCREATESTRUCT lpCreateStruct);
-    void OnDestroy();
+    void OnBeginDestroy() override;
+    void PostNcDestroy() override;
 
     /// The frame becomes (bActivate) or ceases to be the active child frame. The base's version tells the
     /// active view (CView::OnActivateView).
     void OnMDIActivate(BOOL bActivate, CWnd* pActivateWnd, CWnd* pDeactivateWnd);
 
+    LRESULT OnSetText(WPARAM wParam, LPARAM lParam);
+
     DECLARE_MESSAGE_MAP()
+
+private:
+    void ShowAtFinalSize(CMDIFrameWnd& main);
+
+    HWND m_hMDIFrame = nullptr; // main frame, by handle: it may go first
+    bool m_bShowing = false;
+    HWND m_hLast = nullptr; // the window's own handle, kept to the end of its destruction
 };

@@ -49,6 +49,7 @@ public:
 
     BOOL OnCreateClient(CREATESTRUCT* lpcs, CCreateContext* pContext) override;
     void OnUpdateFrameTitle(BOOL bAddToTitle) override;
+    /// Ctrl+Tab and Ctrl+F6 activate the next child frame, with Shift the one before; then as CFrameWnd.
     BOOL PreTranslateMessage(MSG* pMsg) override;
 
     /// Commands go to the active child frame (its view and document first), this frame, the application.
@@ -59,12 +60,16 @@ public:
     virtual void OnChildFramesChanged();
 
 protected:
-    void LayoutPane(const CRect& rcRoom) override;
+    void OnBeginDestroy() override;
+    void PostNcDestroy() override;
 
     /// Closes every child frame first; the first one that stays keeps this frame, too.
     void OnClose();
-    void OnDestroy();
+    /// When the frame comes back from being minimised or hidden, the active child frame is laid out again:
+    /// its panes could not know their sizes meanwhile.
     void OnSize(UINT nType, int cx, int cy);
+    void OnShowWindow(BOOL bShow, UINT nStatus);
+    /// Hands the focus on to the active child frame.
     void OnSetFocus(CWnd* pOldWnd);
     void OnActivate(UINT nState, CWnd* pWndOther, BOOL bMinimized);
 
@@ -72,6 +77,10 @@ protected:
 
 private:
     friend class CMDIChildWnd;
+    bool CloseChildFrames();
+    void LayoutActiveChild();
+
     std::unique_ptr<splitframe::CMDIClient> m_pClient; // its window goes with the frame's
-    bool m_bClosingChildren = false;
+    bool m_bDying = false;                             // the window is being destroyed with all its children
+    bool m_bMinimized = false;
 };

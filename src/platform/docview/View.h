@@ -35,8 +35,8 @@ public:
     /// the rectangle; the base's version changes nothing.
     virtual void CalcWindowRect(LPRECT lpClientRect, UINT nAdjustType = adjustBorder);
 
-    /// The view becomes or ceases to be the active view of its frame. The base's version gives a view that
-    /// becomes active the focus when its frame is the active one.
+    /// The view becomes or ceases to be the active view of its frame, or its frame the active child frame of
+    /// an MDI main frame. The base's version does nothing; the focus is the frame's business.
     virtual void OnActivateView(BOOL bActivate, CView* pActivateView, CView* pDeactiveView);
 
     /// Commands go to the view, then to its document.
@@ -48,13 +48,18 @@ protected:
     BOOL PreCreateWindow(CREATESTRUCT& cs) override;
     void PostNcDestroy() override;
 
+    /// Attaches the view to the document of its creation context.
     int OnCreate(LPCREATESTRUCT lpCreateStruct);
-    void OnDestroy();
     void OnPaint();
 
     DECLARE_MESSAGE_MAP()
 
 private:
     friend class CDocument;
+    friend class CFrameWnd;
+    void LeaveDocument() noexcept;
+
     CDocument* m_pDocument = nullptr; // not owned; clears the pointer if it goes first
+    CFrameWnd* m_pActiveIn =
+        nullptr; // frame whose active view this is; not owned, clears the pointer when it goes
 };
