@@ -7,7 +7,8 @@
 
 namespace {
 
-// A hook that resizes its frame or makes a bar appear gets a layout for the new room; one that does so every time is given up on.
+// A hook that resizes its frame or makes a bar appear gets a layout for the new room; one that does so every
+// time is given up on.
 constexpr int MAX_PASSES = 4;
 
 CRect ClientRectOf(HWND hWnd)
@@ -27,8 +28,7 @@ void CFrameWnd::RecalcLayout(BOOL /*bNotify*/)
     const splitframe::ScopedFlag inLayout(m_bInLayout);
     const HWND hWnd = GetSafeHwnd();
     CRect rcLast(0, 0, 0, 0);
-    for (int nPass = 0; nPass < MAX_PASSES; ++nPass)
-    {
+    for (int nPass = 0; nPass < MAX_PASSES; ++nPass) {
         CRect rcRoom = ClientRectOf(hWnd);
         LayoutBars(rcRoom);
         if (!::IsWindow(hWnd) || (nPass > 0 && rcRoom == rcLast))
