@@ -34,7 +34,7 @@ CDocTemplate::~CDocTemplate()
 {
     while (!m_arrDoc.IsEmpty()) {
         CDocument* pDoc = m_arrDoc[0];
-        RemoveDocument(pDoc);
+        CDocTemplate::RemoveDocument(pDoc);
         if (pDoc->m_bAutoDelete && pDoc->GetViewCount() == 0)
             delete pDoc;
     }

@@ -241,13 +241,18 @@ BOOL CFrameWnd::PreTranslateMessage(MSG* pMsg)
 BOOL CFrameWnd::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo)
 {
     const CCallScope scope;
-    CView* pView = GetActiveView();
-    if (pView && pView->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo))
-        return TRUE;
-    if (CWnd::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo))
+    if (OfferInside(nID, nCode, pExtra, pHandlerInfo))
         return TRUE;
     CWinApp* pApp = AfxGetApp();
     return pApp && pApp->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
+}
+
+BOOL CFrameWnd::OfferInside(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo)
+{
+    const CCallScope scope;
+    CView* pView = GetActiveView();
+    return (pView && pView->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo)) ||
+           CWnd::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
 }
 
 void CFrameWnd::OnSetFocus(CWnd* pOldWnd)

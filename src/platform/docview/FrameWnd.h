@@ -134,6 +134,9 @@ protected:
     BOOL PreCreateWindow(CREATESTRUCT& cs) override;
     void PostNcDestroy() override;
 
+    /// Offers a command to the active view, its document and this frame, and to nobody else.
+    BOOL OfferInside(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo);
+
     /// For destructors of classes whose members have windows inside the frame: destroys the window while
     /// these members still live. The object does not delete itself any more.
     void EndFromDestructor();

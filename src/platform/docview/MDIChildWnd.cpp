@@ -154,10 +154,7 @@ LRESULT CMDIChildWnd::OnSetText(WPARAM /*wParam*/, LPARAM /*lParam*/)
 
 BOOL CMDIChildWnd::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo)
 {
-    const CCallScope scope;
-    CView* pView = GetActiveView();
-    return (pView && pView->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo)) ||
-           CWnd::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
+    return OfferInside(nID, nCode, pExtra, pHandlerInfo);
 }
 
 // --- the end

@@ -33,7 +33,7 @@ public:
     /// Called with the room that the frame has for the view, in the frame's client coordinates, each time the
     /// frame lays itself out or changes its size, before the view is moved there. A derived class may change
     /// the rectangle; the base's version changes nothing.
-    virtual void CalcWindowRect(LPRECT lpClientRect, UINT nAdjustType = adjustBorder);
+    void CalcWindowRect(LPRECT lpClientRect, UINT nAdjustType = adjustBorder) override;
 
     /// The view becomes or ceases to be the active view of its frame, or its frame the active child frame of
     /// an MDI main frame. The base's version does nothing; the focus is the frame's business.
