@@ -268,3 +268,15 @@ void CFrameWnd::OnActivate(UINT nState, CWnd* pWndOther, BOOL bMinimized)
 {
     CWnd::OnActivate(nState, pWndOther, bMinimized);
 }
+
+// --- windows inside a frame
+
+// Stands here because only this room knows what a frame window is.
+CFrameWnd* CWnd::GetParentFrame() const
+{
+    for (CWnd* pWnd = GetParent(); pWnd; pWnd = pWnd->GetParent()) {
+        if (pWnd->IsFrameWnd())
+            return static_cast<CFrameWnd*>(pWnd);
+    }
+    return nullptr;
+}
