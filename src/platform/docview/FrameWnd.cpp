@@ -47,8 +47,8 @@ BOOL CFrameWnd::Create(const wchar_t* pszClassName, const wchar_t* pszWindowName
                        CCreateContext* pContext)
 {
     m_strTitle = pszWindowName;
-    return CreateFrameWindow(pszClassName, dwStyle, dwExStyle, CRect(rect), pParentWnd->GetSafeHwnd(),
-                             pContext);
+    const HWND hWndParent = pParentWnd ? pParentWnd->GetSafeHwnd() : nullptr;
+    return CreateFrameWindow(pszClassName, dwStyle, dwExStyle, CRect(rect), hWndParent, pContext);
 }
 
 BOOL CFrameWnd::CreateFrameWindow(const wchar_t* pszClassName, DWORD dwStyle, DWORD dwExStyle,
