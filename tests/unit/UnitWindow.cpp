@@ -72,13 +72,15 @@ public:
     }
     bool IsKeyFilted(UINT nChar) override
     {
-        Note("filter");
-        return CBaseUnitWnd::IsKeyFilted(nChar);
+        const bool bKept = CBaseUnitWnd::IsKeyFilted(nChar);
+        Note("filter"); // may delete the unit, here and below
+        return bKept;
     }
     CPen* GetBorderPen() override
     {
+        CPen* pPen = CBaseUnitWnd::GetBorderPen();
         Note("pen");
-        return CBaseUnitWnd::GetBorderPen();
+        return pPen;
     }
     using CBaseUnitWnd::Notify;
 
