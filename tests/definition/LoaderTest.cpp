@@ -368,7 +368,7 @@ TEST(Guid, IsReadByItsForm)
         {L"1-2-3-4 5-6 7 8 9 A B", true},
         {L"", false},
         {L"{6863074A-E996-4D17-A3AF-7FA2D093541B}", false},
-        {L"6863074A-E996-4D17-A3AF-7FA2D093541", false},
+        {L"6863074A-E996-4D17-A3AF-7FA2D09354", false},
         {L"6863074AE-996-4D17-A3AF-7FA2D093541B", false},
         {L"6863074A-E996-4D17-A3AF", false},
     };
