@@ -32,6 +32,13 @@ BOOL CBaseFrameChildWnd::PreCreateWindow(CREATESTRUCT& cs)
     return CBCGPMDIChildWnd::PreCreateWindow(cs);
 }
 
+void CBaseFrameChildWnd::OnBeginDestroy()
+{
+    CBCGPMDIChildWnd::OnBeginDestroy();
+    if (CBaseFrameDoc* pDoc = GetFrameDoc())
+        pDoc->ViewIsDying();
+}
+
 void CBaseFrameChildWnd::ActivateFrame(int /*nCmdShow*/)
 {
     const CCallScope scope;

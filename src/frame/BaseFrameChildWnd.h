@@ -33,6 +33,10 @@ protected:
 
     BOOL PreCreateWindow(CREATESTRUCT& cs) override;
 
+    /// Sends the global units home while they still have a window, after the next frame has taken what it
+    /// places.
+    void OnBeginDestroy() override;
+
     BOOL OnEraseBkgnd(CDC* pDC);
     void OnMDIActivate(BOOL bActivate, CWnd* pActivateWnd, CWnd* pDeactivateWnd);
     /// Asks the helper first; it may refuse.

@@ -36,7 +36,7 @@ TEST(GlobalUnits, AreMadeAtHome)
 {
     FrameHost host;
     host.Load(Frames());
-    EXPECT_EQ(Log().Take(), "g.Create g.Init h.Create h.Init");
+    EXPECT_EQ(Log().Take(), "g.Size g.Create g.Init h.Size h.Create h.Init");
     EXPECT_TRUE(IsHome(host, L"g"));
     EXPECT_EQ(host.m_pMain->FindGlobalBaseUnitWnd(L"x"), nullptr);
 }

@@ -254,7 +254,8 @@ void FrameHost::Load(const std::wstring& strXml)
 
 CBaseFrameDoc* FrameHost::Open(const wchar_t* pszName)
 {
-    m_pMain->OnBaseFrameOpen(pszName);
+    if (m_app.m_pMainWnd) // a hook may have closed it
+        m_pMain->OnBaseFrameOpen(pszName);
     Settle();
     return ActiveDoc();
 }
