@@ -1,0 +1,72 @@
+// Registration of the placeholder, opening afresh, and fitting of the window around the view.
+#include "ViewerFrame.h"
+
+#include "PlaceholderUnit.h"
+#include "definition/FrameStyle.h"
+#include "document/BaseFrameDoc.h"
+#include "document/BaseFrameHelper.h"
+#include "document/BaseFrameView.h"
+#include "platform/display/Headless.h"
+#include "platform/docview/MDIChildWnd.h"
+#include "platform/window/MessageLoop.h"
+
+#include <vector>
+
+IMPLEMENT_DYNAMIC(CViewerFrame, CBaseFrameWnd)
+
+CViewerFrame::CViewerFrame() = default;
+CViewerFrame::~CViewerFrame() = default;
+
+void CViewerFrame::LoadLayout(CMultiDocTemplate* pTemplate, const CString& strText,
+                              std::span<const GUID> classes)
+{
+    const std::vector<CRuntimeClass*> units(classes.size(), RUNTIME_CLASS(CPlaceholderUnit));
+    const std::vector<CRuntimeClass*> helpers(classes.size(), RUNTIME_CLASS(CBaseFrameHelper));
+    const int nCount = static_cast<int>(classes.size());
+    InitializeByDoc(pTemplate, strText, classes.data(), units.data(), nCount, classes.data(), helpers.data(),
+                    nCount);
+    AppendMenuBarPopup(m_hBaseFrameMenu, L"&Frames");
+}
+
+// Asked for directly, a frame opens whatever its command's number: the menu stops at 101 of them.
+CBaseFrameDoc* CViewerFrame::OpenStyle(int nFrame, int nStyle)
+{
+    CloseFrames();
+    int nCommand = nStyle;
+    for (int nBefore = 0; nBefore < nFrame; ++nBefore)
+        nCommand += m_arrBaseFrameDoc[nBefore]->m_arrStyle.GetSize();
+    OnBaseFrameOpen(ID_FRAME_FIRST + static_cast<UINT>(nCommand));
+
+    const CMDIChildWnd* pChild = MDIGetActive();
+    const CView* pView = pChild ? pChild->GetActiveView() : nullptr;
+    return pView ? DYNAMIC_DOWNCAST(CBaseFrameDoc, pView->GetDocument()) : nullptr;
+}
+
+void CViewerFrame::CloseFrames()
+{
+    for (CMDIChildWnd* pChild : GetChildFrames())
+        if (::IsWindow(pChild->m_hWnd))
+            pChild->DestroyWindow();
+    splitframe::DrainMessages();
+}
+
+bool CViewerFrame::FitView(const CBaseFrameView& view, CSize size)
+{
+    // Bars may need another height in another width, so one step need not be enough.
+    constexpr int kSteps = 4;
+    for (int nStep = 0; nStep < kSteps; ++nStep) {
+        CRect rcView, rcFrame;
+        view.GetClientRect(rcView);
+        if (rcView.Size() == size)
+            return true;
+        GetWindowRect(rcFrame);
+        const int cx = rcFrame.Width() + size.cx - rcView.Width();
+        const int cy = rcFrame.Height() + size.cy - rcView.Height();
+        if (splitframe::HeadlessDisplay* pDisplay = splitframe::CurrentHeadless())
+            pDisplay->Resize(cx, cy);
+        splitframe::DrainMessages();
+        MoveWindow(0, 0, cx, cy);
+        splitframe::DrainMessages();
+    }
+    return false;
+}
