@@ -1,0 +1,120 @@
+// Showing journal entries.
+#include "units/LogUnit.h"
+
+#include "Application.h"
+#include "ClassTables.h"
+#include "Commands.h"
+
+IMPLEMENT_DYNCREATE(CLogUnit, CPaneUnit)
+
+BEGIN_MESSAGE_MAP(CLogUnit, CPaneUnit)
+ON_WM_SIZE()
+ON_WM_KEYDOWN()
+ON_WM_MOUSEWHEEL()
+END_MESSAGE_MAP()
+
+GUID CLogUnit::GetGUID()
+{
+    return GUID_LOG_UNIT;
+}
+
+CString CLogUnit::GetCaptionNote() const
+{
+    const int nOpen = App().GetRecord().GetJournal().CountUnacknowledged();
+    if (nOpen == 0)
+        return L"all acknowledged";
+    CString str;
+    str.Format(L"%d to acknowledge (Enter)", nOpen);
+    return str;
+}
+
+/// The same entries stay in sight when new ones come in above them, unless the newest are being watched.
+void CLogUnit::ListRows()
+{
+    const int nEntries = App().GetRecord().GetJournal().GetCount();
+    const int nNew = nEntries - m_nEntries;
+    m_nEntries = nEntries;
+    m_rows.SetRows(nEntries, theme::ROW_HEIGHT, GetContentRect());
+    if (nNew > 0 && m_rows.GetFirst() > 0)
+        m_rows.ScrollBy(nNew);
+}
+
+void CLogUnit::OnNewData()
+{
+    if (m_nEntries != App().GetRecord().GetJournal().GetCount())
+        OnJournalChanged();
+}
+
+void CLogUnit::OnJournalChanged()
+{
+    ListRows();
+    Invalidate(FALSE);
+}
+
+void CLogUnit::OnSize(UINT nType, int cx, int cy)
+{
+    CPaneUnit::OnSize(nType, cx, cy);
+    ListRows();
+}
+
+void CLogUnit::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
+{
+    if (nChar == VK_RETURN) {
+        // What acknowledging means is the frame's business, not the list's.
+        ProcessHelperMessage(HELPER_MSG_ACKNOWLEDGE, 0, 0);
+        return;
+    }
+    const int nRow = m_rows.RowByKey(nChar, m_rows.GetFirst());
+    if (nRow < 0)
+        return CPaneUnit::OnKeyDown(nChar, nRepCnt, nFlags);
+    if (m_rows.ScrollTo(nRow))
+        Invalidate(FALSE);
+}
+
+BOOL CLogUnit::OnMouseWheel(UINT, short zDelta, CPoint pt)
+{
+    return ProcessMouseWheel(zDelta, pt);
+}
+
+BOOL CLogUnit::ProcessMouseWheel(short zDelta, CPoint)
+{
+    if (m_rows.ScrollByWheel(zDelta))
+        Invalidate(FALSE);
+    return TRUE;
+}
+
+void CLogUnit::Draw(CDC& dc, const CRect&)
+{
+    for (int nRow = m_rows.GetFirst(); nRow < m_rows.GetEnd(); ++nRow)
+        DrawEntry(dc, nRow);
+    m_rows.DrawThumb(dc);
+}
+
+void CLogUnit::DrawEntry(CDC& dc, int nRow) const
+{
+    const JournalEntry& entry = App().GetRecord().GetJournal().GetByAge(nRow);
+    const CRect rc = m_rows.GetRowRect(nRow);
+    if (!entry.bAcknowledged)
+        dc.FillSolidRect(rc, theme::ALARM_SOFT);
+    else if (nRow % 2 == 1)
+        dc.FillSolidRect(rc, theme::ZEBRA);
+
+    const CString strTime = FormatTimeOfDay(App().GetWorkTime().GetTimeOfDay(entry.dTime), true);
+    int x = rc.left + theme::PADDING;
+    theme::DrawLine(dc, strTime, CRect(x, rc.top, rc.right, rc.bottom), theme::Font::Fixed, theme::MUTED);
+    x += 68;
+    if (rc.Width() >= 250) {
+        const CRect rcPill(x, rc.top + 3, x + 62, rc.bottom - 3);
+        theme::DrawPill(dc, GetSeverityName(entry.severity), rcPill, theme::SeverityColor(entry.severity),
+                        theme::SeverityBackground(entry.severity));
+        x += 72;
+    }
+    if (rc.Width() >= 330) {
+        theme::DrawLine(dc, entry.strSource, CRect(x, rc.top, x + 72, rc.bottom), theme::Font::Fixed,
+                        theme::TEXT);
+        x += 76;
+    }
+    const CRect rcText(x, rc.top, rc.right - 10, rc.bottom);
+    theme::DrawLine(dc, entry.strText, rcText,
+                    entry.bAcknowledged ? theme::Font::Normal : theme::Font::Bold, theme::TEXT);
+}

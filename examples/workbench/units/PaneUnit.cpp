@@ -1,0 +1,166 @@
+// The frame around every unit's content, and its connection to the plant.
+#include "units/PaneUnit.h"
+
+#include "Application.h"
+#include "Commands.h"
+
+#include <definition/UnitInfo.h>
+#include <platform/window/PaintDC.h>
+
+#include <algorithm>
+
+IMPLEMENT_DYNAMIC(CPaneUnit, CBaseUnitWnd)
+
+BEGIN_MESSAGE_MAP(CPaneUnit, CBaseUnitWnd)
+ON_WM_DESTROY()
+ON_WM_LBUTTONDOWN()
+ON_WM_SETFOCUS()
+ON_WM_KILLFOCUS()
+ON_WM_ERASEBKGND()
+END_MESSAGE_MAP()
+
+BOOL CPaneUnit::Create(CWnd* pParent, CBaseUnitInfo* pInfo)
+{
+    if (!CBaseUnitWnd::Create(pParent, pInfo))
+        return FALSE;
+    // Frames switch custom drawing on for the units they own. A global unit is only lent to a frame, so it
+    // switches it on itself.
+    m_bCustomDraw = true;
+    if (IsLive())
+        App().GetFeed().Subscribe(m_hWnd);
+    return TRUE;
+}
+
+BOOL CPaneUnit::Init(const wchar_t* pszParam)
+{
+    // The base keeps the parameters in upper case, for the library; titles need them as they were written.
+    m_parameters = CParameters(pszParam);
+    const BOOL bResult = CBaseUnitWnd::Init(pszParam);
+    OnParameters();
+    return bResult;
+}
+
+CPen* CPaneUnit::GetBorderPen()
+{
+    if (!m_penLine.GetSafeHandle())
+        m_penLine.CreatePen(PS_SOLID, 1, theme::LINE);
+    return &m_penLine;
+}
+
+LRESULT CPaneUnit::OnEngineData(WPARAM, LPARAM)
+{
+    App().GetRecord().Update();
+    OnNewData();
+    return 1;
+}
+
+void CPaneUnit::OnNewData()
+{
+    const CRect rc = GetContentRect();
+    InvalidateRect(rc, FALSE);
+}
+
+LRESULT CPaneUnit::ProcessCommand(UINT nCmd, LPARAM lParam)
+{
+    switch (nCmd) {
+    case UNIT_CMD_SHOW_INSTRUMENT:
+        OnShowInstrument(static_cast<int>(lParam));
+        return 1;
+    case UNIT_CMD_SETTINGS_CHANGED:
+        OnSettingsChanged();
+        return 1;
+    case UNIT_CMD_JOURNAL_CHANGED:
+        OnJournalChanged();
+        return 1;
+    default:
+        return CBaseUnitWnd::ProcessCommand(nCmd, lParam);
+    }
+}
+
+void CPaneUnit::OnShowInstrument(int) {}
+
+CString CPaneUnit::GetCaption() const
+{
+    const CString strTitle = m_parameters.GetText(L"TITLE");
+    return strTitle.IsEmpty() && m_pBaseUnitInfo ? m_pBaseUnitInfo->m_strName : strTitle;
+}
+
+CRect CPaneUnit::GetContentRect() const
+{
+    CRect rc;
+    GetClientRect(rc);
+    rc.top += GetCaptionHeight();
+    if (m_bBorder)
+        rc.DeflateRect(1, GetCaptionHeight() == 0 ? 1 : 0, 1, 0);
+    return rc.IsRectEmpty() ? CRect() : rc;
+}
+
+CWorkbenchApp& CPaneUnit::App()
+{
+    return CWorkbenchApp::Get();
+}
+
+void CPaneUnit::CustomDraw(CPaintDC* pDC)
+{
+    CRect rcClient;
+    GetClientRect(rcClient);
+    pDC->FillSolidRect(rcClient, GetBackground());
+    if (GetCaptionHeight() > 0)
+        DrawCaption(*pDC, CRect(0, 0, rcClient.right, std::min<int>(GetCaptionHeight(), rcClient.bottom)));
+
+    const CRect rcContent = GetContentRect();
+    if (rcContent.IsRectEmpty())
+        return;
+    const int nSaved = pDC->SaveDC();
+    pDC->IntersectClipRect(rcContent);
+    Draw(*pDC, rcContent);
+    pDC->RestoreDC(nSaved);
+}
+
+void CPaneUnit::DrawCaption(CDC& dc, const CRect& rc)
+{
+    const bool bFocus = CWnd::GetFocus() == this;
+    dc.FillSolidRect(rc, theme::CAPTION);
+    dc.FillSolidRect(rc.left, rc.bottom - 1, rc.Width(), 1, theme::LINE);
+    if (bFocus)
+        dc.FillSolidRect(rc.left, rc.top, rc.Width(), 3, theme::ACCENT);
+
+    CRect rcText(rc);
+    rcText.DeflateRect(theme::PADDING, bFocus ? 2 : 1, theme::PADDING, 0);
+    const CString strNote = GetCaptionNote();
+    const CString strTitle = GetCaption();
+    theme::DrawLine(dc, strTitle, rcText, theme::Font::Bold, bFocus ? theme::ACCENT : theme::TEXT);
+    // The remark gives way to the title.
+    rcText.left += theme::TextWidth(dc, strTitle, theme::Font::Bold) + theme::PADDING;
+    if (rcText.Width() >= theme::TextWidth(dc, strNote, theme::Font::Small))
+        theme::DrawLine(dc, strNote, rcText, theme::Font::Small, theme::MUTED, DT_RIGHT);
+}
+
+void CPaneUnit::OnDestroy()
+{
+    App().GetFeed().Unsubscribe(m_hWnd);
+    CBaseUnitWnd::OnDestroy();
+}
+
+void CPaneUnit::OnLButtonDown(UINT nFlags, CPoint pt)
+{
+    SetFocus(); // windows never move the focus to what is clicked by themselves
+    CBaseUnitWnd::OnLButtonDown(nFlags, pt);
+}
+
+void CPaneUnit::OnSetFocus(CWnd* pOldWnd)
+{
+    CBaseUnitWnd::OnSetFocus(pOldWnd);
+    Invalidate(FALSE);
+}
+
+void CPaneUnit::OnKillFocus(CWnd* pNewWnd)
+{
+    CBaseUnitWnd::OnKillFocus(pNewWnd);
+    Invalidate(FALSE);
+}
+
+BOOL CPaneUnit::OnEraseBkgnd(CDC*)
+{
+    return TRUE; // all of the pane is painted anyway
+}
