@@ -15,8 +15,8 @@ class CMainFrame;
 /// How the program was asked to start.
 struct StartOptions
 {
-    std::string strLayout;      // path of the layout definition, UTF-8
-    bool bRepeatable = false;   // fixed time and a fixed number of samples, for pictures and tests
+    std::string strLayout;    // path of the layout definition, UTF-8
+    bool bRepeatable = false; // fixed time and a fixed number of samples, for pictures and tests
 };
 
 class CWorkbenchApp : public CWinApp

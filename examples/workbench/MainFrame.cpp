@@ -58,10 +58,10 @@ CMainFrame::~CMainFrame()
 void CMainFrame::BuildMenus()
 {
     SetMenuBar(::CreateMenu());
-    AppendMenuBarPopup(MakePopup({{ID_FILE_CLOSE_FRAME, L"&Close frame\tCtrl+W"},
-                                  {0, nullptr},
-                                  {ID_FILE_EXIT, L"E&xit\tCtrl+Q"}}),
-                       L"&File");
+    AppendMenuBarPopup(
+        MakePopup(
+            {{ID_FILE_CLOSE_FRAME, L"&Close frame\tCtrl+W"}, {0, nullptr}, {ID_FILE_EXIT, L"E&xit\tCtrl+Q"}}),
+        L"&File");
     AppendMenuBarPopup(MakePopup({{ID_VIEW_NEXT_FRAME, L"&Next frame\tCtrl+PgDn"},
                                   {ID_VIEW_PREVIOUS_FRAME, L"&Previous frame\tCtrl+PgUp"},
                                   {0, nullptr},
@@ -70,7 +70,7 @@ void CMainFrame::BuildMenus()
                        L"&View");
     AppendMenuBarPopup(m_hBaseFrameMenu, L"F&rames"); // built by the library from the layout definition
     AppendMenuBarPopup(MakePopup({{ID_PLANT_PAUSE, L"&Pause the feed\tF7"},
-                                  {ID_PLANT_ACKNOWLEDGE, L"&Acknowledge alarms\tF8"}}),
+                                  {ID_PLANT_ACKNOWLEDGE, L"&Acknowledge alarms\tF12"}}),
                        L"&Plant");
     AppendMenuBarPopup(MakePopup({{ID_HELP_ABOUT, L"&About the workbench"}}), L"&Help");
     BuildAccelerators();
@@ -84,7 +84,7 @@ void CMainFrame::BuildAccelerators()
         {FVIRTKEY | FCONTROL, VK_NEXT, ID_VIEW_NEXT_FRAME},
         {FVIRTKEY | FCONTROL, VK_PRIOR, ID_VIEW_PREVIOUS_FRAME},
         {FVIRTKEY, VK_F7, ID_PLANT_PAUSE},
-        {FVIRTKEY, VK_F7 + 1, ID_PLANT_ACKNOWLEDGE},
+        {FVIRTKEY, VK_F12, ID_PLANT_ACKNOWLEDGE},
     };
     m_hKeys = ::CreateAcceleratorTable(KEYS, static_cast<int>(std::size(KEYS)));
     SetAccelerators(m_hKeys);
@@ -137,8 +137,8 @@ void CMainFrame::OnPlantPause()
 {
     CWorkbenchApp& app = CWorkbenchApp::Get();
     app.GetFeed().SetPaused(!app.GetFeed().IsPaused());
-    app.AddToJournal(Severity::Operator, L"Feed", app.GetFeed().IsPaused() ? L"Feed paused" : L"Feed resumed");
-    CBaseUnitWnd::BroadcastCommand(UNIT_CMD_SETTINGS_CHANGED, 0);
+    app.AddToJournal(Severity::Operator, L"Feed",
+                     app.GetFeed().IsPaused() ? L"Feed paused" : L"Feed resumed");
     CBaseUnitWnd::BroadcastCommand(UNIT_CMD_JOURNAL_CHANGED, 0);
 }
 

@@ -9,17 +9,17 @@
 
 namespace theme {
 
-inline constexpr COLORREF PANEL = RGB(255, 255, 255);      // behind a unit's content
-inline constexpr COLORREF CAPTION = RGB(240, 243, 247);    // behind its caption
-inline constexpr COLORREF ZEBRA = RGB(247, 249, 251);      // every other row
-inline constexpr COLORREF LINE = RGB(201, 209, 219);       // borders
-inline constexpr COLORREF GRID = RGB(230, 234, 239);       // lines inside charts and tables
-inline constexpr COLORREF TEXT = RGB(32, 41, 54);          // what is read
-inline constexpr COLORREF MUTED = RGB(108, 119, 135);      // labels and units of measure
-inline constexpr COLORREF ACCENT = RGB(28, 103, 186);      // focus and what can be pressed
-inline constexpr COLORREF SELECTION = RGB(217, 232, 250);  // the selected row
-inline constexpr COLORREF HEADER = RGB(28, 52, 84);        // the banner
-inline constexpr COLORREF ON_HEADER = RGB(236, 242, 250);  // text on it
+inline constexpr COLORREF PANEL = RGB(255, 255, 255);     // behind a unit's content
+inline constexpr COLORREF CAPTION = RGB(240, 243, 247);   // behind its caption
+inline constexpr COLORREF ZEBRA = RGB(247, 249, 251);     // every other row
+inline constexpr COLORREF LINE = RGB(201, 209, 219);      // borders
+inline constexpr COLORREF GRID = RGB(230, 234, 239);      // lines inside charts and tables
+inline constexpr COLORREF TEXT = RGB(32, 41, 54);         // what is read
+inline constexpr COLORREF MUTED = RGB(108, 119, 135);     // labels and units of measure
+inline constexpr COLORREF ACCENT = RGB(28, 103, 186);     // focus and what can be pressed
+inline constexpr COLORREF SELECTION = RGB(217, 232, 250); // the selected row
+inline constexpr COLORREF HEADER = RGB(28, 52, 84);       // the banner
+inline constexpr COLORREF ON_HEADER = RGB(236, 242, 250); // text on it
 inline constexpr COLORREF SOFT_ON_HEADER = RGB(158, 181, 212);
 inline constexpr COLORREF ALARM = RGB(200, 42, 46);
 inline constexpr COLORREF ALARM_SOFT = RGB(252, 231, 231);
@@ -35,12 +35,12 @@ inline constexpr int PADDING = 10;
 
 enum class Font
 {
-    Small,   // 11 pixels: axis labels
-    Normal,  // 13
-    Bold,    // 13
-    Large,   // 22: figures
-    Huge,    // 34
-    Fixed    // 12, all digits as wide as each other
+    Small,  // 11 pixels: axis labels
+    Normal, // 13
+    Bold,   // 13
+    Large,  // 22: figures
+    Huge,   // 34
+    Fixed   // 12, all digits as wide as each other
 };
 
 /// The font, made at its first use; it lives as long as the program.

@@ -19,6 +19,7 @@ protected:
     int GetCaptionHeight() const override { return 0; }
     COLORREF GetBackground() const override { return theme::HEADER; }
     void Draw(CDC& dc, const CRect& rc) override;
+    void OnJournalChanged() override { Invalidate(FALSE); }
     void OnLButtonDown(UINT nFlags, CPoint pt);
 
     DECLARE_MESSAGE_MAP()

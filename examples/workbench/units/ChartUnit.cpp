@@ -32,6 +32,7 @@ void CChartUnit::OnParameters()
 {
     m_arrInstrument = GetParameters().GetInstruments(L"TAGS");
     m_bFollow = GetParameters().IsSet(L"FOLLOW");
+    m_nLastSetting = App().GetSettings().nTimeSpan;
     if (m_arrInstrument.empty())
         m_arrInstrument.push_back(0);
 }
@@ -45,10 +46,9 @@ CString CChartUnit::GetCaption() const
 
 CString CChartUnit::GetCaptionNote() const
 {
-    return CString(L"last ") + TIME_SPANS[static_cast<std::size_t>(m_nTimeSpan < 0
-                                                                      ? App().GetSettings().nTimeSpan
-                                                                      : m_nTimeSpan)]
-                                   .pszName;
+    return CString(L"last ") +
+           TIME_SPANS[static_cast<std::size_t>(m_nTimeSpan < 0 ? App().GetSettings().nTimeSpan : m_nTimeSpan)]
+               .pszName;
 }
 
 double CChartUnit::GetTimeSpan() const
@@ -67,7 +67,10 @@ void CChartUnit::OnShowInstrument(int nInstrument)
 
 void CChartUnit::OnSettingsChanged()
 {
-    m_nTimeSpan = -1; // the settings win over what was chosen here before
+    const int nSet = App().GetSettings().nTimeSpan;
+    if (nSet != m_nLastSetting)
+        m_nTimeSpan = -1; // a new setting wins over what was chosen here before
+    m_nLastSetting = nSet;
     Invalidate(FALSE);
 }
 
@@ -143,13 +146,13 @@ CChartUnit::Plot CChartUnit::MakePlot(const CRect& rc) const
     return plot;
 }
 
-/// Lines of one unit of measure share its scale, which fits what is to be seen; others are compared in percent.
+/// Lines of one unit of measure share its scale, which fits what is to be seen; others are compared in
+/// percent.
 void CChartUnit::ChooseValueRange(Plot& plot) const
 {
     const CString strUnit = GetInstrument(m_arrInstrument.front()).pszUnit;
-    plot.bPercent = std::any_of(m_arrInstrument.begin(), m_arrInstrument.end(), [&strUnit](int n) {
-        return !(strUnit == GetInstrument(n).pszUnit);
-    });
+    plot.bPercent = std::any_of(m_arrInstrument.begin(), m_arrInstrument.end(),
+                                [&strUnit](int n) { return !(strUnit == GetInstrument(n).pszUnit); });
     plot.value.dLow = 0.0;
     plot.value.dHigh = 100.0;
     if (plot.bPercent)
@@ -235,8 +238,8 @@ std::vector<POINT> CChartUnit::TracePoints(const Plot& plot, int nTrace) const
     for (int n = std::max(record.FindSample(plot.time.dLow) - 1, 0); n < record.GetSampleCount(); ++n) {
         const PlantSample& sample = record.GetSample(n);
         const double dValue = sample.arrValue[static_cast<std::size_t>(nInstrument)];
-        arrPoint.push_back({plot.time.ToPixel(sample.dTime),
-                            plot.value.ToPixel(PlottedValue(plot, nInstrument, dValue))});
+        arrPoint.push_back(
+            {plot.time.ToPixel(sample.dTime), plot.value.ToPixel(PlottedValue(plot, nInstrument, dValue))});
     }
     return arrPoint;
 }
@@ -270,8 +273,7 @@ void CChartUnit::DrawLegend(CDC& dc, const CRect& rc) const
     for (std::size_t i = 0; i < m_arrInstrument.size(); ++i) {
         const Instrument& instrument = GetInstrument(m_arrInstrument[i]);
         const double dValue = App().GetRecord().GetValue(m_arrInstrument[i]);
-        const CString strText =
-            CString(instrument.pszTag) + L"  " + FormatValueAndUnit(instrument, dValue);
+        const CString strText = CString(instrument.pszTag) + L"  " + FormatValueAndUnit(instrument, dValue);
         const int nWidth = theme::TextWidth(dc, strText, theme::Font::Small);
         if (x + 18 + nWidth > rc.right)
             return;

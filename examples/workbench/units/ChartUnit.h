@@ -43,7 +43,8 @@ private:
         CRect rc;
         Axis time;
         Axis value;
-        bool bPercent = false; // lines of different units of measure share one scale in percent of their ranges
+        bool bPercent =
+            false; // lines of different units of measure share one scale in percent of their ranges
     };
 
     Plot MakePlot(const CRect& rc) const;
@@ -61,4 +62,5 @@ private:
     std::vector<int> m_arrInstrument;
     bool m_bFollow = false;
     int m_nTimeSpan = -1; // position in TIME_SPANS; -1: that of the settings
+    int m_nLastSetting = 0;
 };

@@ -37,8 +37,8 @@ void DrawFace(CDC& dc, const CRect& rc, double dTimeOfDay)
     {
         const theme::CPenScope pen(dc, theme::LINE, 2);
         const theme::CBrushScope brush(dc, theme::ZEBRA);
-        dc.Ellipse(CRect(ptCenter.x - nRadius, ptCenter.y - nRadius, ptCenter.x + nRadius,
-                         ptCenter.y + nRadius));
+        dc.Ellipse(
+            CRect(ptCenter.x - nRadius, ptCenter.y - nRadius, ptCenter.x + nRadius, ptCenter.y + nRadius));
     }
     for (int n = 0; n < 60; n += nRadius >= 60 ? 1 : 5) {
         const bool bHour = n % 5 == 0;

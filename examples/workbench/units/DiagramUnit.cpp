@@ -17,7 +17,7 @@ constexpr int DRAWING_HEIGHT = 380;
 constexpr CRect FEED_TANK = {30, 60, 130, 220};
 constexpr CRect REACTOR = {290, 70, 450, 300};
 constexpr CRect HARVEST_TANK = {610, 170, 720, 330};
-constexpr int LABEL_WIDTH = 92;  // pixels of the pane: labels keep their size
+constexpr int LABEL_WIDTH = 92; // pixels of the pane: labels keep their size
 constexpr int LABEL_HEIGHT = 20;
 
 /// Where a value stands: the middle of its label.
@@ -102,8 +102,8 @@ CDiagramUnit::Fit CDiagramUnit::MakeFit() const
     CRect rc = GetContentRect();
     rc.DeflateRect(8, 8);
     Fit fit;
-    fit.dScale = std::max(
-        std::min(rc.Width() / double{DRAWING_WIDTH}, rc.Height() / double{DRAWING_HEIGHT}), 0.0);
+    fit.dScale =
+        std::max(std::min(rc.Width() / double{DRAWING_WIDTH}, rc.Height() / double{DRAWING_HEIGHT}), 0.0);
     fit.ptOrigin = {rc.left + (rc.Width() - static_cast<int>(DRAWING_WIDTH * fit.dScale)) / 2,
                     rc.top + (rc.Height() - static_cast<int>(DRAWING_HEIGHT * fit.dScale)) / 2};
     return fit;
@@ -140,10 +140,10 @@ void CDiagramUnit::Draw(CDC& dc, const CRect&)
 void CDiagramUnit::DrawPipes(CDC& dc, const Fit& fit) const
 {
     DrawPipe(dc, {fit.At(80, 200), fit.At(80, 250), fit.At(158, 250), fit.At(158, 122), fit.At(320, 122)});
-    DrawPipe(dc, {fit.At(420, 90), fit.At(420, 40), fit.At(740, 40)}); // exhaust
-    DrawPipe(dc, {fit.At(30, 298), fit.At(300, 298), fit.At(300, 270)}); // cooling in
+    DrawPipe(dc, {fit.At(420, 90), fit.At(420, 40), fit.At(740, 40)});                      // exhaust
+    DrawPipe(dc, {fit.At(30, 298), fit.At(300, 298), fit.At(300, 270)});                    // cooling in
     DrawPipe(dc, {fit.At(440, 180), fit.At(478, 180), fit.At(478, 238), fit.At(586, 238)}); // and out
-    DrawPipe(dc, {fit.At(30, 356), fit.At(346, 356), fit.At(346, 290)}); // air
+    DrawPipe(dc, {fit.At(30, 356), fit.At(346, 356), fit.At(346, 290)});                    // air
     DrawPipe(dc, {fit.At(394, 290), fit.At(394, 356), fit.At(560, 356), fit.At(560, 140), fit.At(665, 140),
                   fit.At(665, 180)}); // harvest
 }

@@ -119,7 +119,6 @@ void CFiguresUnit::DrawSpark(CDC& dc, const CRect& rc, int nInstrument) const
                             value.ToPixel(sample.arrValue[static_cast<std::size_t>(nInstrument)])});
     }
     const AlarmState state = record.GetState(nInstrument);
-    const theme::CPenScope pen(
-        dc, state == AlarmState::Normal ? theme::ACCENT : theme::StateColor(state), 2);
+    const theme::CPenScope pen(dc, state == AlarmState::Normal ? theme::ACCENT : theme::StateColor(state), 2);
     dc.Polyline(arrPoint.data(), static_cast<int>(arrPoint.size()));
 }

@@ -115,6 +115,6 @@ void CLogUnit::DrawEntry(CDC& dc, int nRow) const
         x += 76;
     }
     const CRect rcText(x, rc.top, rc.right - 10, rc.bottom);
-    theme::DrawLine(dc, entry.strText, rcText,
-                    entry.bAcknowledged ? theme::Font::Normal : theme::Font::Bold, theme::TEXT);
+    theme::DrawLine(dc, entry.strText, rcText, entry.bAcknowledged ? theme::Font::Normal : theme::Font::Bold,
+                    theme::TEXT);
 }

@@ -82,7 +82,15 @@ CString CSettingsUnit::GetCaptionNote() const
     return IsEdited() ? L"not applied" : L"";
 }
 
+/// What menus switch is taken over at once; what is half typed stays.
 void CSettingsUnit::OnSettingsChanged()
+{
+    m_draft.bGrid = App().GetSettings().bGrid;
+    m_draft.bLimits = App().GetSettings().bLimits;
+    Invalidate(FALSE);
+}
+
+void CSettingsUnit::Revert()
 {
     m_draft = App().GetSettings();
     Invalidate(FALSE);
@@ -128,8 +136,7 @@ CRect CSettingsUnit::GetFieldRect(Field field) const
     case Kind::Button:
         return {nLeft, rc.top + info.y, std::min(nRight, nLeft + 96), rc.top + info.y + BOX_HEIGHT + 4};
     default:
-        return {nLeft, rc.top + info.y + LABEL_HEIGHT, nRight,
-                rc.top + info.y + LABEL_HEIGHT + BOX_HEIGHT};
+        return {nLeft, rc.top + info.y + LABEL_HEIGHT, nRight, rc.top + info.y + LABEL_HEIGHT + BOX_HEIGHT};
     }
 }
 
@@ -189,7 +196,7 @@ void CSettingsUnit::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
     case VK_RETURN:
         return Apply();
     case VK_ESCAPE:
-        return OnSettingsChanged(); // back to what is in effect
+        return Revert();
     default:
         return CPaneUnit::OnKeyDown(nChar, nRepCnt, nFlags);
     }
@@ -280,7 +287,8 @@ void CSettingsUnit::DrawCheck(CDC& dc, const CRect& rc, Field field, bool bFocus
                    4);
     if (bOn) {
         const theme::CPenScope pen(dc, theme::PANEL, 2);
-        const POINT tick[] = {{rcBox.left + 4, nTop + 8}, {rcBox.left + 7, nTop + 11}, {rcBox.left + 12, nTop + 5}};
+        const POINT tick[] = {
+            {rcBox.left + 4, nTop + 8}, {rcBox.left + 7, nTop + 11}, {rcBox.left + 12, nTop + 5}};
         dc.Polyline(tick, 3);
     }
     const CRect rcText(rc.left + 24, rc.top, rc.right, rc.bottom);

@@ -2,7 +2,8 @@
 // places it; so what is half typed in one frame is still there in the next.
 //
 // Up and Down move between fields, Left and Right change a choice, Space switches a box or presses the
-// button, Enter applies, text is typed into the text fields. Nothing takes effect before it is applied.
+// button, Enter applies, text is typed into the text fields. Escape goes back to what is in effect. Nothing
+// takes effect before it is applied.
 #pragma once
 
 #include "Settings.h"
@@ -54,6 +55,7 @@ private:
     void Use(Field field);
     void StepTimeSpan(int nSteps);
     void Apply();
+    void Revert();
     static CString Settings::*TextOf(Field field);
     static bool Settings::*FlagOf(Field field);
 
