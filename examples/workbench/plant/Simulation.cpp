@@ -1,5 +1,5 @@
 // Each instrument follows a slow wave around its working point, with noise that remembers a little of what it
-// was; every five minutes the same small mishaps come by, so that there is something to watch.
+// was; every seven minutes the same small mishaps come by, so that there is something to watch.
 #include "plant/Simulation.h"
 
 #include <algorithm>
@@ -38,14 +38,14 @@ struct Mishap
     double dHeight;
 };
 
-constexpr double ROUND = 300.0;
+constexpr double ROUND = 420.0;
 constexpr Mishap MISHAPS[] = {
     {3, 62, 118, -0.62},  // the acid pump doses too much
     {4, 70, 112, -21.0},  // the culture uses up its oxygen
-    {12, 205, 300, -2.0}, // a cooling valve sticks ...
-    {1, 215, 300, 31.0},  // ... and the jacket warms up
-    {14, 225, 300, 13.0}, // ... and the water leaves it warm
-    {7, 150, 166, 19.0},  // a flush of the feed line
+    {7, 150, 166, 27.0},  // a flush of the feed line
+    {12, 215, 385, -2.3}, // a cooling valve sticks ...
+    {1, 230, 385, 34.0},  // ... and the jacket warms up
+    {14, 235, 390, 25.0}, // ... and the water leaves it warm
 };
 
 double MishapAt(int nInstrument, double dTime)

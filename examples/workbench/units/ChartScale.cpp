@@ -18,7 +18,7 @@ TickList ChooseTicks(double dLow, double dHigh, int nMost)
     const double dFirst = std::ceil(dLow / list.dStep - 1e-9);
     const double dLast = std::floor(dHigh / list.dStep + 1e-9);
     for (double d = dFirst; d <= dLast && list.arrTick.size() < 100; d += 1.0)
-        list.arrTick.push_back(d * list.dStep);
+        list.arrTick.push_back(d * list.dStep + 0.0); // no negative zero
     return list;
 }
 

@@ -46,9 +46,17 @@ CString CChartUnit::GetCaption() const
 
 CString CChartUnit::GetCaptionNote() const
 {
-    return CString(L"last ") +
-           TIME_SPANS[static_cast<std::size_t>(m_nTimeSpan < 0 ? App().GetSettings().nTimeSpan : m_nTimeSpan)]
-               .pszName;
+    const int nTimeSpan = m_nTimeSpan < 0 ? App().GetSettings().nTimeSpan : m_nTimeSpan;
+    const CString strSpan = CString(L"last ") + TIME_SPANS[static_cast<std::size_t>(nTimeSpan)].pszName;
+    return ComparesUnits() ? L"percent of each range, " + strSpan : strSpan;
+}
+
+/// Whether lines of different units of measure are to share a scale.
+bool CChartUnit::ComparesUnits() const
+{
+    const CString strUnit = GetInstrument(m_arrInstrument.front()).pszUnit;
+    return std::any_of(m_arrInstrument.begin(), m_arrInstrument.end(),
+                       [&strUnit](int n) { return !(strUnit == GetInstrument(n).pszUnit); });
 }
 
 double CChartUnit::GetTimeSpan() const
@@ -150,9 +158,7 @@ CChartUnit::Plot CChartUnit::MakePlot(const CRect& rc) const
 /// percent.
 void CChartUnit::ChooseValueRange(Plot& plot) const
 {
-    const CString strUnit = GetInstrument(m_arrInstrument.front()).pszUnit;
-    plot.bPercent = std::any_of(m_arrInstrument.begin(), m_arrInstrument.end(),
-                                [&strUnit](int n) { return !(strUnit == GetInstrument(n).pszUnit); });
+    plot.bPercent = ComparesUnits();
     plot.value.dLow = 0.0;
     plot.value.dHigh = 100.0;
     if (plot.bPercent)
@@ -190,7 +196,7 @@ void CChartUnit::DrawValueAxis(CDC& dc, const CRect& rc, const Plot& plot) const
     }
     dc.FillSolidRect(plot.rc.left, plot.rc.top, 1, plot.rc.Height(), theme::LINE);
     dc.FillSolidRect(plot.rc.left, plot.rc.bottom - 1, plot.rc.Width(), 1, theme::LINE);
-    const CString strUnit = plot.bPercent ? L"% rng" : GetInstrument(m_arrInstrument.front()).pszUnit;
+    const CString strUnit = plot.bPercent ? L"%" : GetInstrument(m_arrInstrument.front()).pszUnit;
     const CRect rcUnit(rc.left, rc.top + 4, plot.rc.left - 6, plot.rc.top - 4);
     theme::DrawLine(dc, strUnit, rcUnit, theme::Font::Small, theme::MUTED, DT_RIGHT);
 }

@@ -47,6 +47,7 @@ private:
             false; // lines of different units of measure share one scale in percent of their ranges
     };
 
+    bool ComparesUnits() const;
     Plot MakePlot(const CRect& rc) const;
     void ChooseValueRange(Plot& plot) const;
     double PlottedValue(const Plot& plot, int nInstrument, double dValue) const;

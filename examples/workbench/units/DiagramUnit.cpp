@@ -16,32 +16,34 @@ constexpr int DRAWING_HEIGHT = 380;
 
 constexpr CRect FEED_TANK = {30, 60, 130, 220};
 constexpr CRect REACTOR = {290, 70, 450, 300};
-constexpr CRect HARVEST_TANK = {610, 170, 720, 330};
+constexpr CRect HARVEST_TANK = {630, 170, 740, 330};
 constexpr int LABEL_WIDTH = 92; // pixels of the pane: labels keep their size
 constexpr int LABEL_HEIGHT = 20;
 
-/// Where a value stands: the middle of its label.
+/// Where a value stands: the middle of its label, and the point where it is measured if a line leads there.
 struct Label
 {
     int nInstrument;
     int x;
     int y;
+    int xTo = 0; // 0: the label stands on the spot
+    int yTo = 0;
 };
 
 constexpr Label LABELS[] = {
-    {7, 212, 96},   // feed flow
-    {8, 80, 140},   // feed tank level
-    {0, 370, 176},  // reactor temperature
-    {3, 370, 206},  // pH
-    {4, 370, 236},  // oxygen
-    {2, 530, 92},   // pressure
-    {11, 660, 40},  // carbon dioxide
-    {5, 370, 24},   // stirrer
-    {10, 212, 330}, // air
-    {12, 212, 272}, // cooling water flow
-    {1, 212, 212},  // jacket
-    {14, 530, 212}, // cooling water out
-    {16, 665, 250}, // harvest level
+    {7, 222, 122},           // feed flow
+    {8, 80, 140},            // feed tank level
+    {0, 370, 176},           // reactor temperature
+    {3, 370, 206},           // pH
+    {4, 370, 236},           // oxygen
+    {2, 540, 100, 440, 100}, // pressure
+    {11, 600, 40},           // carbon dioxide
+    {5, 370, 20},            // stirrer
+    {10, 150, 356},          // air
+    {12, 150, 298},          // cooling water flow
+    {1, 222, 210, 284, 210}, // jacket
+    {14, 600, 238},          // cooling water out
+    {16, 685, 250},          // harvest level
 };
 
 void DrawPipe(CDC& dc, std::initializer_list<CPoint> points)
@@ -133,19 +135,22 @@ void CDiagramUnit::Draw(CDC& dc, const CRect&)
     DrawReactor(dc, fit);
     if (fit.dScale < 0.5)
         return; // labels would cover each other
-    for (const Label& label : LABELS)
+    for (const Label& label : LABELS) {
+        if (label.xTo != 0)
+            theme::DrawStroke(dc, fit.At(label.x, label.y), fit.At(label.xTo, label.yTo), theme::METAL);
         DrawLabel(dc, label.nInstrument);
+    }
 }
 
 void CDiagramUnit::DrawPipes(CDC& dc, const Fit& fit) const
 {
     DrawPipe(dc, {fit.At(80, 200), fit.At(80, 250), fit.At(158, 250), fit.At(158, 122), fit.At(320, 122)});
     DrawPipe(dc, {fit.At(420, 90), fit.At(420, 40), fit.At(740, 40)});                      // exhaust
-    DrawPipe(dc, {fit.At(30, 298), fit.At(300, 298), fit.At(300, 270)});                    // cooling in
-    DrawPipe(dc, {fit.At(440, 180), fit.At(478, 180), fit.At(478, 238), fit.At(586, 238)}); // and out
+    DrawPipe(dc, {fit.At(30, 298), fit.At(284, 298)});                                      // cooling in
+    DrawPipe(dc, {fit.At(458, 180), fit.At(492, 180), fit.At(492, 238), fit.At(616, 238)}); // and out
     DrawPipe(dc, {fit.At(30, 356), fit.At(346, 356), fit.At(346, 290)});                    // air
-    DrawPipe(dc, {fit.At(394, 290), fit.At(394, 356), fit.At(560, 356), fit.At(560, 140), fit.At(665, 140),
-                  fit.At(665, 180)}); // harvest
+    DrawPipe(dc, {fit.At(394, 290), fit.At(394, 356), fit.At(520, 356), fit.At(520, 150), fit.At(685, 150),
+                  fit.At(685, 174)}); // harvest
 }
 
 void CDiagramUnit::DrawTank(CDC& dc, const Fit& fit, const CRect& rc, const wchar_t* pszName,
@@ -153,7 +158,7 @@ void CDiagramUnit::DrawTank(CDC& dc, const Fit& fit, const CRect& rc, const wcha
 {
     const CRect rcTank = fit.At(rc);
     DrawVessel(dc, rcTank, App().GetRecord().GetValue(nLevel), theme::LIQUID);
-    const CRect rcName(rcTank.left - 20, rcTank.top - 20, rcTank.right + 20, rcTank.top - 2);
+    const CRect rcName(rcTank.left, rcTank.top + 6, rcTank.right, rcTank.top + 24);
     theme::DrawLine(dc, pszName, rcName, theme::Font::Bold, theme::TEXT, DT_CENTER);
 }
 
@@ -170,8 +175,9 @@ void CDiagramUnit::DrawReactor(CDC& dc, const Fit& fit) const
     theme::DrawStroke(dc, fit.At(370, 40), fit.At(370, 272), theme::METAL, nShaft);
     theme::DrawStroke(dc, fit.At(334, 270), fit.At(406, 270), theme::METAL, nShaft + 2);
     theme::DrawBox(dc, fit.At(CRect(350, 36, 390, 62)), theme::METAL, theme::METAL, 4);
-    const CRect rcName = fit.At(CRect(300, 76, 440, 110));
-    theme::DrawLine(dc, L"Reactor R-100", rcName, theme::Font::Bold, theme::TEXT, DT_CENTER);
+    const CPoint ptName = fit.At(282, 74);
+    const CRect rcName(ptName.x - 140, ptName.y - 10, ptName.x, ptName.y + 10);
+    theme::DrawLine(dc, L"Reactor R-100", rcName, theme::Font::Bold, theme::TEXT, DT_RIGHT);
 }
 
 void CDiagramUnit::DrawLabel(CDC& dc, int nInstrument) const
