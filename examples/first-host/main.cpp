@@ -2,18 +2,15 @@
 #include <Splitframe.h>
 #include <platform/display/Headless.h>
 
-static const GUID GREETING = {0x2F0E61D4, 0x8C1B, 0x4F7A, {0x90, 0x3D, 0x11, 0x5C, 0x7E, 0xA2, 0x64, 0x01}};
-static const wchar_t LAYOUT[] = LR"(<Layout>
-  <BaseFrame> <NAME>Hello</NAME> <HELPER><GUID></GUID></HELPER>
-    <BaseUnit> <NAME>left</NAME> <GUID>2F0E61D4-8C1B-4F7A-903D-115C7EA26401</GUID>
-      <LOCATION X="0" Y="0"/> <SIZE CX="9" CY="9"/> <BORDERSTYLE>2</BORDERSTYLE> </BaseUnit>
-    <BaseUnit> <NAME>right</NAME> <GUID>2F0E61D4-8C1B-4F7A-903D-115C7EA26401</GUID>
-      <LOCATION X="0" Y="0"/> <SIZE CX="9" CY="9"/> <BORDERSTYLE>2</BORDERSTYLE> </BaseUnit>
-    <STYLE> <NAME>Two panes</NAME>
-      <BaseUnit NAME="left" PARAM="Good morning"/> <BaseUnit NAME="right" PARAM="Good night"/>
-      <SPLIT NAME="middle" TYPE="V_LINE" MOBILE="1" LEFT="left" RIGHT="right" LRATE="0.6"/> </STYLE>
-  </BaseFrame>
-</Layout>)";
+const GUID GREETING = {0x2F0E61D4, 0x8C1B, 0x4F7A, {0x90, 0x3D, 0x11, 0x5C, 0x7E, 0xA2, 0x64, 0x01}};
+
+const wchar_t LAYOUT[] = LR"(<Layout><BaseFrame><NAME>Hello</NAME><HELPER><GUID/></HELPER>
+    <BaseUnit><NAME>left</NAME><GUID>2F0E61D4-8C1B-4F7A-903D-115C7EA26401</GUID></BaseUnit>
+    <BaseUnit><NAME>right</NAME><GUID>2F0E61D4-8C1B-4F7A-903D-115C7EA26401</GUID></BaseUnit>
+    <STYLE><NAME>Two panes</NAME>
+        <BaseUnit NAME="left" PARAM="Good morning"/><BaseUnit NAME="right" PARAM="Good night"/>
+        <SPLIT NAME="middle" TYPE="V_LINE" LEFT="left" RIGHT="right" LRATE="0.6"/></STYLE>
+</BaseFrame></Layout>)";
 
 class CGreetingUnit : public CBaseUnitWnd // a pane that shows its parameter
 {
@@ -34,19 +31,19 @@ int main(int argc, char** argv)
     CWinApp app(L"First host");
     auto* pTemplate = new CMultiDocTemplate(1, RUNTIME_CLASS(CBaseFrameDoc),
                                             RUNTIME_CLASS(CBaseFrameChildWnd), RUNTIME_CLASS(CBaseFrameView));
-    app.AddDocTemplate(pTemplate); // owned by the application from here on
-    CRuntimeClass* const classes[] = {RUNTIME_CLASS(CGreetingUnit)};
+    app.AddDocTemplate(pTemplate);
     auto* pMainFrame = new CBaseFrameWnd; // deletes itself when its window is closed
     app.m_pMainWnd = pMainFrame;
     pMainFrame->LoadFrame(1);
+    CRuntimeClass* const classes[] = {RUNTIME_CLASS(CGreetingUnit)};
     pMainFrame->InitializeByDoc(pTemplate, LAYOUT, &GREETING, classes, 1, nullptr, nullptr, 0);
     pMainFrame->ActivateFrame(SW_SHOW);
     pMainFrame->OnBaseFrameOpen(L"Hello");
     if (argc < 2)
         return app.Run();
     splitframe::DrainMessages(); // a path is given: paint, and save the picture
-    const bool bSaved =
-        splitframe::CurrentHeadless() && splitframe::CurrentHeadless()->WritePng(argv[1]).empty();
+    const splitframe::HeadlessDisplay* pDisplay = splitframe::CurrentHeadless();
+    const bool bSaved = pDisplay && pDisplay->WritePng(argv[1]).empty();
     pMainFrame->SendMessage(WM_CLOSE);
     return bSaved ? 0 : 1;
 }

@@ -42,8 +42,8 @@ constexpr Label LABELS[] = {
     {10, 150, 356},          // air
     {12, 150, 298},          // cooling water flow
     {1, 222, 210, 284, 210}, // jacket
-    {14, 600, 238},          // cooling water out
-    {16, 685, 250},          // harvest level
+    {14, 572, 238},          // cooling water out
+    {16, 685, 292},          // harvest level
 };
 
 void DrawPipe(CDC& dc, std::initializer_list<CPoint> points)
