@@ -10,15 +10,14 @@ namespace splitframe {
 const AFX_MSGMAP_ENTRY* SearchMessageMap(const AFX_MSGMAP* pMap, UINT nMessage)
 {
     const AFX_MSGMAP_ENTRY* pFound = nullptr;
-    for (const AFX_MSGMAP* pEach = pMap; pEach && !pFound;
-         pEach = pEach->pfnGetBaseMap ? pEach->pfnGetBaseMap() : nullptr) {
-        for (const AFX_MSGMAP_ENTRY* pEntry = pEach->lpEntries; pEntry->pfn; ++pEntry) {
-            if (pEntry->nMessage == nMessage && nMessage != WM_COMMAND) {
+    const AFX_MSGMAP* pEach = pMap;
+    do {
+        for (const AFX_MSGMAP_ENTRY* pEntry = pEach->lpEntries; pEntry->pfn && !pFound; ++pEntry) {
+            if (pEntry->nMessage == nMessage && nMessage != WM_COMMAND)
                 pFound = pEntry;
-                break;
-            }
         }
-    }
+        pEach = pEach->pfnGetBaseMap ? pEach->pfnGetBaseMap() : nullptr;
+    } while (pEach && !pFound);
     pMap->pCache->slots[nMessage % MessageMapCache::SLOTS] = {nMessage, true, pFound};
     return pFound;
 }

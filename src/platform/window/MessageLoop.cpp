@@ -115,8 +115,8 @@ void HandleMessage(MSG* pMsg)
     if (!pMsg)
         return;
     BOOL bDone = FALSE;
-    if (State().pfnFilter)
-        Dispatcher::Guard(L"PreTranslateMessage", [&] { bDone = State().pfnFilter(pMsg); });
+    if (const PreTranslateFilter pfnFilter = State().pfnFilter)
+        Dispatcher::Guard(L"PreTranslateMessage", [&] { bDone = pfnFilter(pMsg); });
     if (bDone)
         return;
     TranslateMessage(pMsg);
