@@ -38,6 +38,7 @@ CBaseFrameWnd::CBaseFrameWnd()
 
 CBaseFrameWnd::~CBaseFrameWnd()
 {
+    EndFromDestructor(); // frames that are still open end while their definitions live
     if (m_hBaseFrameMenu)
         ::DestroyMenu(m_hBaseFrameMenu);
     while (!m_arrBaseFrameDoc.IsEmpty()) {
