@@ -62,7 +62,7 @@ public:
     void FoldUp(int nIndex, std::vector<T>& arrValue, LeafFunction leaf, LineFunction line) const
     {
         arrValue.resize(m_arrEntry.size());
-        const T none{};
+        static constexpr T none{};
         for (int i = (*this)[nIndex].nEnd - 1; i >= nIndex; --i) {
             const Entry& entry = (*this)[i];
             const CSplitLine& node = *entry.pNode;
