@@ -2,14 +2,21 @@
 #include <Splitframe.h>
 #include <platform/display/Headless.h>
 
+#include <memory>
+
 const GUID GREETING = {0x2F0E61D4, 0x8C1B, 0x4F7A, {0x90, 0x3D, 0x11, 0x5C, 0x7E, 0xA2, 0x64, 0x01}};
 
-const wchar_t LAYOUT[] = LR"(<Layout><BaseFrame><NAME>Hello</NAME><HELPER><GUID/></HELPER>
-    <BaseUnit><NAME>left</NAME><GUID>2F0E61D4-8C1B-4F7A-903D-115C7EA26401</GUID></BaseUnit>
-    <BaseUnit><NAME>right</NAME><GUID>2F0E61D4-8C1B-4F7A-903D-115C7EA26401</GUID></BaseUnit>
+const wchar_t LAYOUT[] = LR"(<Layout><BaseFrame><NAME>Hello</NAME>
+    <HELPER><GUID>8B7ABE7C-D4E1-43B5-BC2E-A70713BCCAA9</GUID></HELPER>
+    <BaseUnit><NAME>left</NAME><GUID>2F0E61D4-8C1B-4F7A-903D-115C7EA26401</GUID>
+        <LOCATION X="0" Y="0"/><SIZE CX="9" CY="9"/><BORDERSTYLE>2</BORDERSTYLE>
+        <LEFTRATE>0</LEFTRATE><TOPRATE>0</TOPRATE><RIGHTRATE>1</RIGHTRATE><BOTTOMRATE>1</BOTTOMRATE></BaseUnit>
+    <BaseUnit><NAME>right</NAME><GUID>2F0E61D4-8C1B-4F7A-903D-115C7EA26401</GUID>
+        <LOCATION X="0" Y="0"/><SIZE CX="9" CY="9"/><BORDERSTYLE>2</BORDERSTYLE>
+        <LEFTRATE>0</LEFTRATE><TOPRATE>0</TOPRATE><RIGHTRATE>1</RIGHTRATE><BOTTOMRATE>1</BOTTOMRATE></BaseUnit>
     <STYLE><NAME>Two panes</NAME>
         <BaseUnit NAME="left" PARAM="Good morning"/><BaseUnit NAME="right" PARAM="Good night"/>
-        <SPLIT NAME="middle" TYPE="V_LINE" LEFT="left" RIGHT="right" LRATE="0.6"/></STYLE>
+        <SPLIT NAME="middle" TYPE="V_LINE" MOBILE="1" LEFT="left" RIGHT="right" LRATE="0.6"/></STYLE>
 </BaseFrame></Layout>)";
 
 class CGreetingUnit : public CBaseUnitWnd // a pane that shows its parameter
@@ -35,8 +42,10 @@ int main(int argc, char** argv)
     auto* pMainFrame = new CBaseFrameWnd; // deletes itself when its window is closed
     app.m_pMainWnd = pMainFrame;
     pMainFrame->LoadFrame(1);
-    CRuntimeClass* const classes[] = {RUNTIME_CLASS(CGreetingUnit)};
-    pMainFrame->InitializeByDoc(pTemplate, LAYOUT, &GREETING, classes, 1, nullptr, nullptr, 0);
+    // Classes are registered by an object each: it says its GUID and its class.
+    CBaseFrameDoc::RegisterBaseWnd(std::make_unique<CGreetingUnit>().get());
+    CBaseFrameDoc::RegisterBaseHelper(std::make_unique<CBaseFrameHelper>().get());
+    pMainFrame->InitializeByDoc(pTemplate, LAYOUT);
     pMainFrame->ActivateFrame(SW_SHOW);
     pMainFrame->OnBaseFrameOpen(L"Hello");
     if (argc < 2)

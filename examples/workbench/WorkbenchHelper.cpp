@@ -18,7 +18,8 @@ GUID CWorkbenchHelper::GetGUID()
 /// The units of a style have just been made: show them what is selected.
 void CWorkbenchHelper::OnStyleInitial()
 {
-    TellAllUnits(UNIT_CMD_SHOW_INSTRUMENT, m_nInstrument);
+    if (m_nInstrument >= 0)
+        TellAllUnits(UNIT_CMD_SHOW_INSTRUMENT, m_nInstrument);
 }
 
 void CWorkbenchHelper::OnBaseUnitNotify(UINT nCode, LPARAM lParam)

@@ -25,5 +25,5 @@ private:
     void TellUnit(const wchar_t* pszName, UINT nCmd, LPARAM lParam);
     void TellAllUnits(UINT nCmd, LPARAM lParam);
 
-    int m_nInstrument = 0; // selected
+    int m_nInstrument = -1; // selected; -1: nothing yet, units show what their parameters say
 };

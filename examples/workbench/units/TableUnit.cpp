@@ -37,7 +37,7 @@ struct ColumnInfo
 constexpr std::array<ColumnInfo, COLUMN_COUNT> COLUMNS = {{
     {L"", 26, 0, DT_LEFT},
     {L"Tag", 66, 0, DT_LEFT},
-    {L"Instrument", 110, 2, DT_LEFT},
+    {L"Instrument", 148, 2, DT_LEFT},
     {L"Area", 84, 4, DT_LEFT},
     {L"Value", 68, 0, DT_RIGHT},
     {L"Unit", 58, 1, DT_LEFT},
@@ -97,6 +97,9 @@ GUID CTableUnit::GetGUID()
 void CTableUnit::OnParameters()
 {
     m_bAlarmsOnly = GetParameters().GetText(L"SHOW") == L"ALARMS";
+    const std::vector<int> arrInstrument = GetParameters().GetInstruments(L"TAGS");
+    if (!arrInstrument.empty())
+        m_nSelected = arrInstrument.front();
     ListRows();
 }
 

@@ -1,7 +1,7 @@
 // The table of instruments: newest values, limits and alarm states, one row each. A click or the keys select
 // a row, which the unit tells its frame; a double click opens the trends.
 //
-// Parameters: SHOW=ALARMS lists only what is in alarm.
+// Parameters: SHOW=ALARMS (lists only what is in alarm), TAGS (the row selected at the start).
 #pragma once
 
 #include "units/PaneUnit.h"
