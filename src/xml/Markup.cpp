@@ -31,6 +31,8 @@ int CMarkup::x_FindElem(int iParentPos, int iPos, const wchar_t* pszName) const
     TokenPos token(m_strDoc);
     for (; iFound != 0; iFound = m_aElemPos[iFound].iNextSibling) {
         token.nScanPos = m_aElemPos[iFound].nStartTagLeft + 1;
+        if (DiffersAtOnce(token.pszText + token.nScanPos, pszName))
+            continue;
         if (ScanToken(token) &&
             MatchesName(token.pszText + token.nTokenStart, token.nTokenEnd - token.nTokenStart + 1, pszName))
             return iFound;

@@ -2,10 +2,12 @@
 // instead of recursing, so nesting costs an entry and no stack.
 #include "xml/Markup.h"
 
+#include "platform/base/Exception.h"
 #include "xml/MarkupScan.h"
 #include "xml/TagIndex.h"
 
 #include <cwchar>
+#include <functional>
 #include <limits>
 #include <utility>
 
@@ -117,8 +119,10 @@ int CMarkup::x_ParseError(const wchar_t* pszFormat, const wchar_t* pszName)
 template <class Finder> class CMarkup::Parser
 {
 public:
-    Parser(CMarkup& markup, const Finder& finder)
-        : m_markup(markup), m_finder(finder), m_pText(markup.m_strDoc), m_nEnd(markup.m_strDoc.GetLength())
+    /// @param pText  the document; m_strDoc already has its length, but perhaps not yet its characters
+    Parser(CMarkup& markup, Finder& finder, const wchar_t* pText)
+        : m_markup(markup), m_finder(finder), m_pText(pText), m_nEnd(markup.m_strDoc.GetLength()),
+          m_pTable(markup.m_aElemPos.GetData())
     {
     }
 
@@ -126,9 +130,8 @@ public:
     {
         m_iTop = m_iOpen = iTop;
         for (;;) {
-            const int i = m_markup.x_GetFreePos();
-            At(i) = {At(m_iOpen).nEndTagLeft, 0, 0, 0, m_iOpen, 0, 0};
-            switch (ReadStartTag(i)) {
+            const int i = TakeEntry();
+            switch (ReadTag(i)) {
             case Tag::Start:
                 m_iOpen = i;
                 continue;
@@ -148,8 +151,8 @@ public:
             if (!ReadEndTag(m_iOpen))
                 return Abandon();
             const int iDone = m_iOpen;
-            At(iDone).iNextSibling = 0;
-            m_iOpen = At(iDone).iParent;
+            m_pTable[iDone].iNextSibling = 0;
+            m_iOpen = m_pTable[iDone].iParent;
             if (m_iOpen == m_iTop)
                 return iDone;
             Link(iDone);
@@ -165,22 +168,28 @@ private:
         Error
     };
 
-    ElemPos& At(int i) { return m_markup.m_aElemPos[i]; }
+    int TakeEntry()
+    {
+        const int i = m_markup.x_GetFreePos();
+        m_pTable = m_markup.m_aElemPos.GetData(); // it may have moved
+        m_pTable[i] = {m_pTable[m_iOpen].nEndTagLeft, 0, 0, 0, m_iOpen, 0, 0};
+        return i;
+    }
 
     // Appends a complete element to the children of the open one.
     void Link(int i)
     {
-        ElemPos& open = At(m_iOpen);
-        (open.iNextSibling != 0 ? At(open.iNextSibling).iNextSibling : open.iFirstChild) = i;
+        ElemPos& open = m_pTable[m_iOpen];
+        (open.iNextSibling != 0 ? m_pTable[open.iNextSibling].iNextSibling : open.iFirstChild) = i;
         open.iNextSibling = i;
-        open.nEndTagLeft = At(i).nEndTagRight + 1;
+        open.nEndTagLeft = m_pTable[i].nEndTagRight + 1;
     }
 
     // After an error: no open element keeps its last child where a sibling would stand.
     int Abandon()
     {
-        for (int i = m_iOpen; i != m_iTop; i = At(i).iParent)
-            At(i).iNextSibling = 0;
+        for (int i = m_iOpen; i != m_iTop; i = m_pTable[i].iParent)
+            m_pTable[i].iNextSibling = 0;
         return -1;
     }
 
@@ -194,20 +203,24 @@ private:
     CString NameOf(int i)
     {
         TokenPos token(m_pText);
-        token.nScanPos = At(i).nStartTagLeft + 1;
+        token.nScanPos = m_pTable[i].nStartTagLeft + 1;
         ScanToken(token);
         return m_markup.x_GetToken(token);
     }
 
     // Finds the next tag inside the open element, past comments and other nodes.
-    Tag ReadStartTag(int i)
+    Tag ReadTag(int i)
     {
-        int nScan = At(m_iOpen).nEndTagLeft;
+        int nScan = m_pTable[m_iOpen].nEndTagLeft;
         for (;;) {
             const int nLeft = m_finder.FindOpen(nScan);
             if (nLeft == m_nEnd) // the start tag that has no end is where a reader has to look
-                return Fail(m_iOpen != 0 ? At(m_iOpen).nStartTagLeft : m_nEnd, L"BaseUnit tag not found");
-            At(m_iOpen).nEndTagLeft = nLeft;
+                return Fail(m_iOpen != 0 ? m_pTable[m_iOpen].nStartTagLeft : m_nEnd,
+                            L"BaseUnit tag not found");
+            m_pTable[m_iOpen].nEndTagLeft = nLeft;
+            // Mostly a name follows at once. It holds no '>', so its end need not be known to find the tag's.
+            if (StartsName(m_pText[nLeft + 1]))
+                return ReadStartTagEnd(i, nLeft, nLeft + 2);
             TokenPos token(m_pText);
             token.nScanPos = nLeft + 1;
             if (!ScanToken(token))
@@ -217,10 +230,8 @@ private:
             const wchar_t first = m_pText[token.nTokenStart];
             if (first == L'/')
                 return Tag::End;
-            if (first != L'?' && first != L'!') {
-                At(i).nStartTagLeft = nLeft;
-                return ReadStartTagEnd(i, token.nScanPos);
-            }
+            if (first != L'?' && first != L'!')
+                return ReadStartTagEnd(i, nLeft, token.nScanPos);
             token.nScanPos = nLeft;
             // White space before the '?' or '!' makes the scanner see a start tag, which it does not pass.
             if (const int nKind = m_markup.x_ParseNode(token); nKind == MNK_NONE || nKind == MNK_ELEMENT)
@@ -230,27 +241,46 @@ private:
     }
 
     // The first '>' ends the tag, quotes or not.
-    Tag ReadStartTagEnd(int i, int nScan)
+    Tag ReadStartTagEnd(int i, int nLeft, int nScan)
     {
         const int nRight = m_finder.FindClose(nScan);
-        ElemPos& elem = At(i);
         if (nRight == m_nEnd)
-            return Fail(elem.nStartTagLeft, L"End of tag not found");
+            return Fail(nLeft, L"End of tag not found");
+        ElemPos& elem = m_pTable[i];
+        elem.nStartTagLeft = nLeft;
         elem.nStartTagRight = nRight;
-        if (m_pText[nRight - 1] == L'/') {
-            elem.nEndTagLeft = nRight - 1;
-            elem.nEndTagRight = nRight;
-            return Tag::Empty;
-        }
-        elem.nEndTagLeft = nRight + 1;
-        return Tag::Start;
+        const bool bEmpty = m_pText[nRight - 1] == L'/';
+        elem.nEndTagLeft = bEmpty ? nRight - 1 : nRight + 1;
+        elem.nEndTagRight = bEmpty ? nRight : 0;
+        return bEmpty ? Tag::Empty : Tag::Start;
     }
 
-    bool ReadEndTag(int i)
+    bool ReadEndTag(int i) { return ReadPlainEndTag(i) || ReadAnyEndTag(i); }
+
+    // "</name>" without anything else, as nearly every end tag is written.
+    bool ReadPlainEndTag(int i)
     {
-        const int nLeft = At(i).nEndTagLeft;
+        ElemPos& elem = m_pTable[i];
+        const wchar_t* pStart = m_pText + elem.nStartTagLeft + 1;
+        const wchar_t* pEnd = m_pText + elem.nEndTagLeft + 2;
+        if (pEnd[-1] != L'/' || !StartsName(*pStart))
+            return false;
+        for (; *pStart == *pEnd; ++pStart, ++pEnd) {
+            if (EndsToken(*pStart) && *pStart != L'>')
+                return false;
+            if (*pStart == L'>')
+                break;
+        }
+        if (*pEnd != L'>' || !EndsToken(*pStart))
+            return false;
+        elem.nEndTagRight = static_cast<int>(pEnd - m_pText);
+        return true;
+    }
+
+    bool ReadAnyEndTag(int i)
+    {
         TokenPos token(m_pText);
-        token.nScanPos = nLeft + 1;
+        token.nScanPos = m_pTable[i].nEndTagLeft + 1;
         for (int nTokens = 1; ScanToken(token); ++nTokens) {
             if (token.bQuoted)
                 continue;
@@ -260,7 +290,7 @@ private:
             if (nTokens == 2 && !MatchesStart(i, pToken, token.nTokenEnd - token.nTokenStart + 1))
                 return FailEnd(i, L"End tag does not correspond to %s");
             if (nTokens > 1 && *pToken == L'>') {
-                At(i).nEndTagRight = token.nTokenStart;
+                m_pTable[i].nEndTagRight = token.nTokenStart;
                 return true;
             }
         }
@@ -269,14 +299,14 @@ private:
 
     bool FailEnd(int i, const wchar_t* pszFormat)
     {
-        Fail(At(i).nEndTagLeft, pszFormat, NameOf(i));
+        Fail(m_pTable[i].nEndTagLeft, pszFormat, NameOf(i));
         return false;
     }
 
     // Whether an end tag's name matches the start tag's. The name in the text ends where its token does.
     bool MatchesStart(int i, const wchar_t* pToken, int nLength)
     {
-        int nName = At(i).nStartTagLeft + 1;
+        int nName = m_pTable[i].nStartTagLeft + 1;
         SkipSpace(m_pText, nName);
         const wchar_t* pName = m_pText + nName;
         for (int n = 0; n < nLength; ++n) {
@@ -288,56 +318,70 @@ private:
     }
 
     CMarkup& m_markup;
-    const Finder& m_finder;
+    Finder& m_finder;
     const wchar_t* m_pText;
     int m_nEnd;
+    ElemPos* m_pTable;
     int m_iTop = 0;  // whose content is parsed
     int m_iOpen = 0; // the innermost element that is open, or m_iTop
 };
 
 int CMarkup::x_ParseElem(int iParentPos)
 {
-    const TextFinder finder(m_strDoc);
-    return Parser<TextFinder>(*this, finder).Parse(iParentPos);
+    if (iParentPos < 0 || iParentPos >= m_aElemPos.GetSize())
+        AfxThrowInvalidArgException();
+    TextFinder finder(m_strDoc);
+    return Parser<TextFinder>(*this, finder, m_strDoc).Parse(iParentPos);
 }
 
 bool CMarkup::SetDoc(const wchar_t* pszDoc)
 {
-    // A new text first: pszDoc may be the old one.
     const std::size_t nLength = pszDoc ? std::wcslen(pszDoc) : 0;
     if (nLength >= static_cast<std::size_t>(std::numeric_limits<int>::max()))
         AfxThrowMemoryException();
+    const std::less<> before;
+    if (!before(pszDoc, m_strDoc.GetString()) && !before(m_strDoc.GetString() + m_strDoc.GetLength(), pszDoc))
+        return x_SetText(CString(pszDoc)); // a part of the old text
     CString strText;
-    TagIndex index(nLength);
-    const bool bUnits = index.Copy(strText.GetBuffer(static_cast<int>(nLength)), pszDoc);
-    strText.ReleaseBufferSetLength(static_cast<int>(nLength));
-    if (!bUnits)
-        return x_SetText(CString(pszDoc));
+    strText.Preallocate(static_cast<int>(nLength));
     m_strDoc = std::move(strText);
-    return x_ParseDoc(index);
+    wchar_t* pText = m_strDoc.GetBuffer(static_cast<int>(nLength));
+    m_strDoc.ReleaseBufferSetLength(static_cast<int>(nLength));
+    const int nEntries = m_aElemPos.GetSize();
+    TagIndex index(pszDoc, pText, nLength);
+    bool bRoot = false;
+    try {
+        bRoot = x_ParseDoc(index, pszDoc);
+    } catch (CException*) { // the table can not grow: no document is left, half copied as it is
+        m_strDoc.Empty();
+        x_FailDoc(0);
+        throw;
+    }
+    if (index.Finish())
+        return bRoot;
+    // The same once more with characters above FFFF split, and with the table as it was.
+    m_aElemPos.SetSize(nEntries);
+    return x_SetText(CString(pszDoc));
 }
 
 bool CMarkup::x_SetText(CString&& strText)
 {
     m_strDoc = std::move(strText);
-    const int nLength = m_strDoc.GetLength();
-    TagIndex index(static_cast<std::size_t>(nLength));
-    wchar_t* pText = m_strDoc.GetBuffer(nLength);
-    index.Copy(pText, pText); // onto itself: only the index is wanted
-    m_strDoc.ReleaseBufferSetLength(nLength);
-    return x_ParseDoc(index);
+    TagIndex index(m_strDoc, nullptr, static_cast<std::size_t>(m_strDoc.GetLength()));
+    return x_ParseDoc(index, m_strDoc);
 }
 
-bool CMarkup::x_ParseDoc(const TagIndex& index)
+bool CMarkup::x_ParseDoc(TagIndex& index, const wchar_t* pText)
 {
     m_iNextFree = 1;
     x_SetPos(0, 0, 0);
     m_nFailurePos = -1;
+    m_notes.nTag = -1;
     const int nLength = m_strDoc.GetLength();
     if (const int nEntries = nLength / 64 + 8; m_aElemPos.GetSize() < nEntries)
         m_aElemPos.SetSize(nEntries);
     m_aElemPos[0] = {};
-    const int iRoot = nLength != 0 ? Parser<TagIndex>(*this, index).Parse(0) : 0;
+    const int iRoot = nLength != 0 ? Parser<TagIndex>(*this, index, pText).Parse(0) : 0;
     if (iRoot <= 0)
         return x_FailDoc(iRoot);
     m_aElemPos[0].iFirstChild = iRoot;

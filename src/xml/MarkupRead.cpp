@@ -28,12 +28,70 @@ CString CMarkup::x_GetTagName(int iPos) const
     return ScanToken(token) ? x_GetToken(token) : CString();
 }
 
+// Notes attributes of the tag until one matches the name. @param bEnd  set when the tag surely has none of
+// that name
+// @return the attribute, or null when there is none or the tag is written in another way
+const CMarkup::AttribNotes::Note* CMarkup::x_FindNote(int nTag, const wchar_t* pszAttrib, bool& bEnd) const
+{
+    AttribNotes& notes = m_notes;
+    const wchar_t* psz = m_strDoc;
+    const int nLength = m_strDoc.GetLength();
+    if (notes.nTag != nTag || notes.nLength != nLength) {
+        if (!StartsName(psz[nTag + 1]))
+            return nullptr;
+        notes.nTag = nTag;
+        notes.nLength = nLength;
+        notes.nScan = FindTokenEnd(psz, nTag + 2, nLength);
+        notes.nNotes = 0;
+    }
+    for (int i = 0;; ++i) {
+        if (i == notes.nNotes) {
+            if (i == AttribNotes::MOST)
+                return nullptr;
+            AttribNotes::Note& note = notes.arrNote[i];
+            note.nName = notes.nScan;
+            SkipSpace(psz, note.nName);
+            const wchar_t first = psz[note.nName];
+            bEnd = first == L'>' || first == L'/' || first == L'?';
+            if (bEnd || !StartsName(first))
+                return nullptr;
+            const int nNameEnd = FindTokenEnd(psz, note.nName + 1, nLength);
+            const wchar_t quote = nNameEnd < nLength ? psz[nNameEnd + 1] : L'\0';
+            if (psz[nNameEnd] != L'=' || (quote != L'"' && quote != L'\''))
+                return nullptr;
+            note.nNameLength = nNameEnd - note.nName;
+            note.nValue = nNameEnd + 2;
+            note.nValueEnd = FindUnit(psz, note.nValue, nLength, quote);
+            if (note.nValueEnd == nLength)
+                return nullptr;
+            notes.nScan = note.nValueEnd + 1;
+            ++notes.nNotes;
+        }
+        const AttribNotes::Note& note = notes.arrNote[i];
+        const wchar_t* pName = psz + note.nName;
+        if (*pName != *pszAttrib || !MatchesName(pName, note.nNameLength, pszAttrib))
+            continue;
+        if (psz[note.nValue - 2] == L'=' && psz[note.nValue - 1] == psz[note.nValueEnd])
+            return &note;
+        notes.nTag = -1; // the text is not what it was
+        return nullptr;
+    }
+}
+
 CString CMarkup::x_GetAttrib(int iPos, const wchar_t* pszAttrib) const
 {
     if (iPos == 0 || m_nMainKind != MNK_ELEMENT || !pszAttrib)
         return CString();
+    const int nTag = m_aElemPos[iPos].nStartTagLeft;
+    if (*pszAttrib != 0 && splitframe::UnitsOf(*pszAttrib) == 1) {
+        bool bEnd = false;
+        if (const AttribNotes::Note* pNote = x_FindNote(nTag, pszAttrib, bEnd))
+            return x_TextFromDoc(pNote->nValue, pNote->nValueEnd - 1);
+        if (bEnd)
+            return CString();
+    }
     TokenPos token(m_strDoc);
-    token.nScanPos = m_aElemPos[iPos].nStartTagLeft + 1;
+    token.nScanPos = nTag + 1;
     if (!x_FindAttrib(token, pszAttrib))
         return CString();
     return x_TextFromDoc(token.nTokenStart,
@@ -71,7 +129,8 @@ CString CMarkup::x_GetData(int iPos) const
     static constexpr std::wstring_view OPENING = L"<![CDATA[";
     static constexpr std::wstring_view CLOSING = L"]]>";
     int nStart = elem.nStartTagRight + 1;
-    if (SkipSpace(m_strDoc, nStart) && nStart + 11 < elem.nEndTagLeft) {
+    SkipSpace(m_strDoc, nStart);
+    if (m_strDoc.GetString()[nStart] == L'<' && nStart + 11 < elem.nEndTagLeft) {
         const std::wstring_view content = m_strDoc.View().substr(
             static_cast<std::size_t>(nStart), static_cast<std::size_t>(elem.nEndTagLeft - nStart));
         if (content.substr(0, OPENING.size()) == OPENING) {
@@ -105,6 +164,24 @@ const Entity* FindEntity(std::wstring_view text)
     return pFound == std::end(ENTITIES) ? nullptr : pFound;
 }
 
+// Copies text up to its first '&'. @return how many characters were copied
+int CopyToAmpersand(wchar_t* pTo, const wchar_t* pFrom, int nCount)
+{
+    int n = 0;
+#ifdef __SSE2__
+    const __m128i wanted = _mm_set1_epi32(L'&');
+    for (; n + 4 <= nCount; n += 4) {
+        const __m128i four = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pFrom + n));
+        if (_mm_movemask_epi8(_mm_cmpeq_epi32(four, wanted)) != 0)
+            break;
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(pTo + n), four);
+    }
+#endif
+    for (; n < nCount && pFrom[n] != L'&'; ++n)
+        pTo[n] = pFrom[n];
+    return n;
+}
+
 // Copies text, decoding entities. @return the end of what was written
 wchar_t* Decode(wchar_t* pOut, std::wstring_view text)
 {
@@ -127,9 +204,11 @@ CString CMarkup::x_TextFromDoc(int nLeft, int nRight) const
         return strText;
     const wchar_t* pFrom = m_strDoc.GetString() + nFirst;
     wchar_t* pText = strText.GetBuffer(nLength);
-    int nPlain = 0; // what comes before the first '&' is copied as it stands
-    for (; nPlain < nLength && pFrom[nPlain] != L'&'; ++nPlain)
-        pText[nPlain] = pFrom[nPlain];
+    const int nPlain = CopyToAmpersand(pText, pFrom, nLength);
+    if (nPlain == nLength) {
+        strText.ReleaseBufferSetLength(nLength);
+        return strText;
+    }
     const wchar_t* pEnd =
         Decode(pText + nPlain, {pFrom + nPlain, static_cast<std::size_t>(nLength - nPlain)});
     strText.ReleaseBufferSetLength(static_cast<int>(pEnd - pText));

@@ -4,6 +4,13 @@
 
 #include "platform/base/Unicode.h"
 
+#include <bit>
+#include <cstddef>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 namespace splitframe::markup {
 
 inline bool IsSpace(wchar_t ch)
@@ -26,6 +33,13 @@ inline bool EndsToken(wchar_t ch)
     return static_cast<unsigned>(ch) < 64 ? (nBits >> ch & 1) != 0 : ch == L'\\';
 }
 
+// Whether a token of more than one character can start here: neither white space, quote nor delimiter.
+inline bool StartsName(wchar_t ch)
+{
+    constexpr unsigned long long nBits = DelimiterBits() | 1ULL << L'"' | 1ULL << L'\'';
+    return static_cast<unsigned>(ch) < 64 ? (nBits >> ch & 1) == 0 : ch != L'\\';
+}
+
 // Moves past white space. @return false at the end of the text
 inline bool SkipSpace(const wchar_t* pszText, int& nIndex)
 {
@@ -40,6 +54,56 @@ inline bool SkipTo(const wchar_t* pszText, int& nIndex, wchar_t ch)
     while (pszText[nIndex] != 0 && pszText[nIndex] != ch)
         ++nIndex;
     return pszText[nIndex] != 0;
+}
+
+#ifdef __SSE2__
+
+// Eight characters as 16-bit values; those above 7FFF become 7FFF.
+inline __m128i LoadEight(const wchar_t* p)
+{
+    return _mm_packs_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p)),
+                           _mm_loadu_si128(reinterpret_cast<const __m128i*>(p) + 1));
+}
+
+#endif
+
+// Where the token ends that nFrom lies in: at a delimiter, or at nEnd.
+inline int FindTokenEnd(const wchar_t* pszText, int nFrom, int nEnd)
+{
+#ifdef __SSE2__
+    for (; nFrom + 8 <= nEnd; nFrom += 8) {
+        // All delimiters but the backslash lie below '@', and so do digits and a few signs.
+        const __m128i eight = LoadEight(pszText + nFrom);
+        const __m128i hits = _mm_or_si128(_mm_cmplt_epi16(eight, _mm_set1_epi16(L'@')),
+                                          _mm_cmpeq_epi16(eight, _mm_set1_epi16(L'\\')));
+        unsigned nBits = static_cast<unsigned>(_mm_movemask_epi8(hits));
+        for (; nBits != 0; nBits &= nBits - 1, nBits &= nBits - 1) { // two bits a character
+            const int n = nFrom + std::countr_zero(nBits) / 2;
+            if (EndsToken(pszText[n]))
+                return n;
+        }
+    }
+#endif
+    while (nFrom < nEnd && !EndsToken(pszText[nFrom]))
+        ++nFrom;
+    return nFrom;
+}
+
+// The first position at nFrom or behind it of a character below 8000, or nEnd.
+inline int FindUnit(const wchar_t* pszText, int nFrom, int nEnd, wchar_t ch)
+{
+#ifdef __SSE2__
+    const __m128i wanted = _mm_set1_epi16(static_cast<short>(ch));
+    for (; nFrom + 16 <= nEnd; nFrom += 16) {
+        const __m128i hits = _mm_packs_epi16(_mm_cmpeq_epi16(LoadEight(pszText + nFrom), wanted),
+                                             _mm_cmpeq_epi16(LoadEight(pszText + nFrom + 8), wanted));
+        if (const unsigned nBits = static_cast<unsigned>(_mm_movemask_epi8(hits)))
+            return nFrom + std::countr_zero(nBits);
+    }
+#endif
+    while (nFrom < nEnd && pszText[nFrom] != ch)
+        ++nFrom;
+    return nFrom;
 }
 
 // Scans the token at nScanPos: see CMarkup::x_FindToken. Kept inline, since all reading goes through it.
@@ -69,6 +133,12 @@ template <class TokenPos> inline bool ScanToken(TokenPos& token)
     token.nTokenEnd = n - 1;
     token.nScanPos = n;
     return true;
+}
+
+// Whether the token at a position surely does not match a name. Cheap, for passing over tokens.
+inline bool DiffersAtOnce(const wchar_t* pText, const wchar_t* pszName)
+{
+    return StartsName(*pText) && UnitsOf(*pszName) == 1 && *pText != *pszName;
 }
 
 // Whether a token matches a name: the name starts with the token and then ends or goes on with one of " =/[".

@@ -164,7 +164,7 @@ TEST(Geometry, StopsAtTheEndsOfTheRange)
     CPoint pt(MOST, LEAST);
     pt.Offset(1, -1);
     EXPECT_TRUE(pt == (POINT{MOST, LEAST}));
-    EXPECT_TRUE(CPoint(LEAST, 0) - POINT{1, 1} == (POINT{LEAST, -1}));
+    EXPECT_TRUE((CPoint(LEAST, 0) - POINT{1, 1}) == (POINT{LEAST, -1}));
     EXPECT_TRUE(CRect(POINT{MOST, 0}, SIZE{5, 5}) == CRect(MOST, 0, MOST, 5));
 }
 

@@ -85,7 +85,7 @@ template <class TYPE> TYPE* DynamicDownCast(const CObject* pObject)
 #define DECLARE_DYNAMIC(class_name)                                                                          \
 public:                                                                                                      \
     static CRuntimeClass class##class_name;                                                                  \
-    static CRuntimeClass* GetThisClass();                                                                    \
+    [[maybe_unused]] static CRuntimeClass* GetThisClass();                                                   \
     CRuntimeClass* GetRuntimeClass() const override;
 
 #define DECLARE_DYNCREATE(class_name)                                                                        \
