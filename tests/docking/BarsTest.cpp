@@ -165,7 +165,7 @@ TEST_F(Bars, SwitchingPaintsTheTwoTabsOnly)
     m_pMain->MDIActivate(arrFrame[18]);
     CRect rcUpdate;
     EXPECT_TRUE(Strip().GetUpdateRect(&rcUpdate));
-    EXPECT_EQ(rcUpdate.left, Strip().GetTabRect(18).left);
+    EXPECT_EQ(rcUpdate.left, Strip().GetTabRect(18).left - 1);
     EXPECT_EQ(rcUpdate.right, Strip().GetTabRect(19).right);
     m_recorder.paintCounts.clear();
     splitframe::DrainMessages();

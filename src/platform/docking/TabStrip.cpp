@@ -75,7 +75,7 @@ void CTabStrip::MoveMark(HWND hActiveFrame)
         return;
     for (const Tab& tab : m_arrTab) {
         if (tab.hFrame == m_hActiveFrame || tab.hFrame == hActiveFrame)
-            InvalidateRect(&tab.rc);
+            InvalidateRect(CRect(tab.rc.left - 1, tab.rc.top, tab.rc.right, tab.rc.bottom));
     }
     m_hActiveFrame = hActiveFrame;
 }
@@ -166,22 +166,23 @@ void CTabStrip::OnPaint()
 }
 
 // The active tab is the one that joins the frame below it: no line beneath, the colour of a page, a mark on
-// top.
+// top. It covers its left neighbour's separator.
 void CTabStrip::DrawTab(CDC& dc, const Tab& tab, bool bActive) const
 {
     if (bActive) {
         const COLORREF edge = ::GetSysColor(COLOR_BTNSHADOW);
-        dc.FillSolidRect(&tab.rc, ::GetSysColor(COLOR_WINDOW));
-        dc.FillSolidRect(tab.rc.left, tab.rc.top, 1, tab.rc.Height(), edge);
-        dc.FillSolidRect(tab.rc.right - 1, tab.rc.top, 1, tab.rc.Height(), edge);
-        dc.FillSolidRect(tab.rc.left, tab.rc.top, tab.rc.Width(), TAB_ACCENT, ::GetSysColor(COLOR_HIGHLIGHT));
+        const CRect rc(tab.rc.left - 1, tab.rc.top, tab.rc.right, tab.rc.bottom);
+        dc.FillSolidRect(&rc, ::GetSysColor(COLOR_WINDOW));
+        dc.FillSolidRect(rc.left, rc.top, 1, rc.Height(), edge);
+        dc.FillSolidRect(rc.right - 1, rc.top, 1, rc.Height(), edge);
+        dc.FillSolidRect(rc.left, rc.top, rc.Width(), TAB_ACCENT, ::GetSysColor(COLOR_HIGHLIGHT));
     } else {
         dc.FillSolidRect(tab.rc.right - 1, tab.rc.top + 7, 1, tab.rc.Height() - 14,
                          ::GetSysColor(COLOR_BTNSHADOW));
     }
     const COLORREF text = ::GetSysColor(COLOR_WINDOWTEXT);
     dc.SetTextColor(bActive ? text : MixColors(text, ::GetSysColor(COLOR_BTNFACE), 65));
-    const int nPadding = std::min(TAB_PADDING, tab.rc.Width() / 4);
+    const int nPadding = std::clamp(tab.rc.Width() / 8, 4, TAB_PADDING);
     CRect rcText = tab.rc;
     rcText.left += nPadding;
     rcText.right -= nPadding;
