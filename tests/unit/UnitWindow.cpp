@@ -370,6 +370,21 @@ TEST_F(UnitWindow, NotifiesWithItsParent)
     EXPECT_EQ(s_nCode, 42U);
 }
 
+TEST_F(UnitWindow, OutsideOfFramesItsCallsToTheFrameDoNothing)
+{
+    NotingUnit& unit = Make();
+    NotingUnit bare;
+    CBaseUnitWnd::BroadcastCommand(9, 0);
+    unit.OpenBaseFrame(L"main");
+    EXPECT_EQ(unit.ProcessHelperMessage(1177, 0, 0), -1);
+    EXPECT_EQ(bare.ProcessHelperMessage(1177, 0, 0), -1);
+    m_app->m_pMainWnd = nullptr;
+    CBaseUnitWnd::BroadcastCommand(9, 0);
+    unit.OpenBaseFrame(L"main");
+    unit.SendMessage(WM_KEYDOWN, 'A', 0);
+    EXPECT_EQ(unit.m_strNotes, "filter;");
+}
+
 TEST_F(UnitWindow, FixesItsSizesInTheRecord)
 {
     NotingUnit& unit = Make();
