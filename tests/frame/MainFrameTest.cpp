@@ -4,6 +4,7 @@
 #include "support/FrameHost.h"
 
 #include "definition/FrameStyle.h"
+#include "definition/LayoutValues.h"
 
 #include <cstdio>
 #include <fstream>
@@ -189,9 +190,13 @@ TEST(MainFrame, OneOnTheStackEndsWithItsFramesOpen)
         app.m_pMainWnd = &main;
         ASSERT_TRUE(main.LoadFrame(1));
         main.ActivateFrame(SW_SHOW);
+        GUID guidUnit;
+        splitframe::TextToGuid(UNIT_GUID.c_str(), guidUnit);
+        CRuntimeClass* pUnitClass = RUNTIME_CLASS(RecordingUnit);
         main.InitializeByDoc(
             pTemplate,
-            LayoutXml(GlobalXml(L"g") + FrameXml(L"F", L"a", {{L"S", L"a g", L"m V a g"}})).c_str());
+            LayoutXml(GlobalXml(L"g") + FrameXml(L"F", L"a", {{L"S", L"a g", L"m V a g"}})).c_str(),
+            &guidUnit, &pUnitClass, 1, nullptr, nullptr, 0);
         main.OnBaseFrameOpen(L"F");
         EXPECT_EQ(Log().nUnits, 2);
     }
