@@ -12,6 +12,7 @@ namespace {
 // Opens what is not public.
 class OpenDoc : public CBaseFrameDoc
 {
+    DECLARE_DYNCREATE(OpenDoc)
 public:
     using CBaseFrameDoc::GetBaseUnitWndCache;
     using CBaseFrameDoc::GetBaseUnitWndGlobalCache;
@@ -20,9 +21,11 @@ public:
     using CBaseFrameDoc::UpdateBaseUnitWndCache;
 };
 
+IMPLEMENT_DYNCREATE(OpenDoc, CBaseFrameDoc)
+
 OpenDoc& Open(CBaseFrameDoc* pDoc)
 {
-    return *static_cast<OpenDoc*>(pDoc); // adds nothing but names
+    return *DynamicDownCast<OpenDoc>(pDoc);
 }
 
 std::vector<int> IDs(const CArray<int, int>& arr)
@@ -139,7 +142,7 @@ TEST(UnitIDs, AreReadFromTheParameter)
                  {L"ID=99999999999", 2147483647}};
     for (const auto& c : cases) {
         SCOPED_TRACE(CString(c.param).ToUtf8());
-        FrameHost host;
+        FrameHost host(RUNTIME_CLASS(OpenDoc));
         host.Load(LayoutXml(FrameXml(L"F", L"a", {{L"S", L"", L""}})));
         CBaseFrameDoc* pDefinition = host.m_pMain->FindBaseFrameDoc(L"F");
         pDefinition->m_arrStyle[0]->m_arrBaseUnitInfo.Add(pDefinition->m_arrBaseUnitInfo[0]);
@@ -161,7 +164,7 @@ TEST(UnitIDs, TheFirstEntryOfARecordCounts)
 
 TEST(Cache, ByIDFirstInFirstOut)
 {
-    FrameHost host;
+    FrameHost host(RUNTIME_CLASS(OpenDoc));
     host.Load(LayoutXml(FrameXml(L"F", L"a b", {{L"S", L"a=ID=5 a b", L"m V a b"}})));
     OpenDoc& doc = Open(host.Open(L"F"));
     doc.UpdateBaseUnitWndCache();

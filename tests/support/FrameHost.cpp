@@ -206,15 +206,15 @@ void RecordingHelper::OnBaseUnitNotify(UINT nCode, LPARAM lParam)
 
 // --- the host
 
-FrameHost::FrameHost() : m_app(L"Host")
+FrameHost::FrameHost(CRuntimeClass* pDocClass) : m_app(L"Host")
 {
     Log() = EventLog();
     SetDiagnosticsHook([this](const Diagnostic& diagnostic) { m_arrDiagnostic.push_back(diagnostic); });
     auto pDisplay = std::make_unique<splitframe::HeadlessDisplay>(804, 703);
     m_pDisplay = pDisplay.get();
     splitframe::SetDisplay(std::move(pDisplay));
-    m_pTemplate = new CMultiDocTemplate(1, RUNTIME_CLASS(CBaseFrameDoc), RUNTIME_CLASS(CBaseFrameChildWnd),
-                                        RUNTIME_CLASS(CBaseFrameView));
+    m_pTemplate =
+        new CMultiDocTemplate(1, pDocClass, RUNTIME_CLASS(CBaseFrameChildWnd), RUNTIME_CLASS(CBaseFrameView));
     m_app.AddDocTemplate(m_pTemplate);
     m_pMain = new CBaseFrameWnd;
     m_app.m_pMainWnd = m_pMain;

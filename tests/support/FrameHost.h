@@ -100,7 +100,8 @@ public:
 class FrameHost
 {
 public:
-    FrameHost();
+    /// @param pDocClass  what the template makes: CBaseFrameDoc or a class derived from it
+    explicit FrameHost(CRuntimeClass* pDocClass = RUNTIME_CLASS(CBaseFrameDoc));
     ~FrameHost();
     FrameHost(const FrameHost&) = delete;
     FrameHost& operator=(const FrameHost&) = delete;
