@@ -13,7 +13,7 @@ struct CSize : SIZE
     constexpr CSize() : SIZE{0, 0} {}
     constexpr CSize(int nWidth, int nHeight) : SIZE{nWidth, nHeight} {}
     constexpr CSize(const SIZE& size) : SIZE(size) {}
-    constexpr bool operator==(const SIZE& size) const { return cx == size.cx && cy == size.cy; }
+    constexpr bool operator==(const CSize& size) const { return cx == size.cx && cy == size.cy; }
 };
 
 struct CPoint : POINT
@@ -21,7 +21,7 @@ struct CPoint : POINT
     constexpr CPoint() : POINT{0, 0} {}
     constexpr CPoint(int nX, int nY) : POINT{nX, nY} {}
     constexpr CPoint(const POINT& pt) : POINT(pt) {}
-    constexpr bool operator==(const POINT& pt) const { return x == pt.x && y == pt.y; }
+    constexpr bool operator==(const CPoint& pt) const { return x == pt.x && y == pt.y; }
     constexpr void Offset(int dx, int dy)
     {
         x = splitframe::AddClamped(x, dx);
@@ -50,7 +50,7 @@ struct SPLITFRAME_PLATFORM_API CRect : RECT
 
     operator LPRECT() { return this; }
     operator LPCRECT() const { return this; }
-    constexpr bool operator==(const RECT& rc) const
+    constexpr bool operator==(const CRect& rc) const
     {
         return left == rc.left && top == rc.top && right == rc.right && bottom == rc.bottom;
     }
