@@ -28,16 +28,23 @@ int CMarkup::x_FindElem(int iParentPos, int iPos, const wchar_t* pszName) const
     int iFound = iPos != 0 ? m_aElemPos[iPos].iNextSibling : m_aElemPos[iParentPos].iFirstChild;
     if (!pszName || *pszName == 0)
         return iFound;
-    TokenPos token(m_strDoc);
+    const wchar_t* psz = m_strDoc;
     for (; iFound != 0; iFound = m_aElemPos[iFound].iNextSibling) {
-        token.nScanPos = m_aElemPos[iFound].nStartTagLeft + 1;
-        if (DiffersAtOnce(token.pszText + token.nScanPos, pszName))
-            continue;
-        if (ScanToken(token) &&
-            MatchesName(token.pszText + token.nTokenStart, token.nTokenEnd - token.nTokenStart + 1, pszName))
+        int nName = m_aElemPos[iFound].nStartTagLeft + 1;
+        if (StartsName(psz[nName]) ? MatchesNameAt(psz, nName, pszName, m_strDoc.GetLength())
+                                   : x_MatchesAnyToken(nName, pszName))
             return iFound;
     }
     return 0;
+}
+
+// The rare cases: white space before the name, or a name that is a delimiter.
+bool CMarkup::x_MatchesAnyToken(int nScan, const wchar_t* pszName) const
+{
+    TokenPos token(m_strDoc);
+    token.nScanPos = nScan;
+    return ScanToken(token) &&
+           MatchesName(token.pszText + token.nTokenStart, token.nTokenEnd - token.nTokenStart + 1, pszName);
 }
 
 bool CMarkup::FindElem(const wchar_t* pszName)

@@ -9,6 +9,7 @@
 #include "platform/base/Array.h"
 #include "platform/base/Export.h"
 #include "platform/base/String.h"
+#include "xml/AttribNotes.h"
 
 namespace splitframe::markup {
 class TagIndex;
@@ -170,28 +171,8 @@ protected:
 private:
     template <class Finder> class Parser;
 
-    // Where the attributes of the tag that was read last stand, so that reading all attributes of a tag scans
-    // it once. Only plain ones (name="value") are noted. A note is checked against the text before it is
-    // used, and forgotten when the document changes.
-    struct AttribNotes
-    {
-        static constexpr int MOST = 16;
-        struct Note
-        {
-            int nName;
-            int nNameLength;
-            int nValue;
-            int nValueEnd; // the closing quote
-        };
-        int nTag = -1;   // the tag's '<', -1: none
-        int nLength = 0; // of the document
-        int nScan = 0;   // where the next attribute is to be noted
-        int nNotes = 0;
-        Note arrNote[MOST];
-    };
-
     int x_GetStart(int iPos) const { return iPos != 0 ? m_aElemPos[iPos].nStartTagLeft : -1; }
-    const AttribNotes::Note* x_FindNote(int nTag, const wchar_t* pszAttrib, bool& bEnd) const;
+    bool x_MatchesAnyToken(int nScan, const wchar_t* pszName) const;
     bool x_SetText(CString&& strText);
     bool x_ParseDoc(splitframe::markup::TagIndex& index, const wchar_t* pText);
     bool x_FailDoc(int iResult);
@@ -200,5 +181,6 @@ private:
     Failure m_failure = Failure::Malformed;
     CString m_strFailure;
     int m_nFailurePos = -1;
-    mutable AttribNotes m_notes;
+    // Of the tag that was read last; forgotten when the document changes.
+    mutable splitframe::markup::AttribNotes m_notes;
 };

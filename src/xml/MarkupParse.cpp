@@ -141,7 +141,7 @@ public:
                 Link(i);
                 continue;
             case Tag::End:
-                m_markup.x_ReleasePos();
+                --m_markup.m_iNextFree;
                 if (m_iOpen == m_iTop)
                     return 0;
                 break;
@@ -170,8 +170,12 @@ private:
 
     int TakeEntry()
     {
-        const int i = m_markup.x_GetFreePos();
-        m_pTable = m_markup.m_aElemPos.GetData(); // it may have moved
+        if (m_markup.m_iNextFree == m_markup.m_aElemPos.GetSize()) {
+            m_markup.x_GetFreePos();
+            m_markup.x_ReleasePos();
+            m_pTable = m_markup.m_aElemPos.GetData(); // it has moved
+        }
+        const int i = m_markup.m_iNextFree++;
         m_pTable[i] = {m_pTable[m_iOpen].nEndTagLeft, 0, 0, 0, m_iOpen, 0, 0};
         return i;
     }
@@ -376,7 +380,7 @@ bool CMarkup::x_ParseDoc(TagIndex& index, const wchar_t* pText)
     m_iNextFree = 1;
     x_SetPos(0, 0, 0);
     m_nFailurePos = -1;
-    m_notes.nTag = -1;
+    m_notes.Forget();
     const int nLength = m_strDoc.GetLength();
     if (const int nEntries = nLength / 64 + 8; m_aElemPos.GetSize() < nEntries)
         m_aElemPos.SetSize(nEntries);

@@ -1,6 +1,7 @@
 // Reading names, values and element text out of the document.
 #include "xml/Markup.h"
 
+#include "xml/AttribNotes.inl"
 #include "xml/MarkupScan.h"
 
 #include <algorithm>
@@ -9,6 +10,116 @@
 #include <iterator>
 
 using namespace splitframe::markup;
+
+namespace {
+
+struct Entity
+{
+    std::wstring_view name;
+    wchar_t ch;
+};
+
+constexpr Entity ENTITIES[] = {
+    {L"lt;", L'<'}, {L"amp;", L'&'}, {L"gt;", L'>'}, {L"apos;", L'\''}, {L"quot;", L'"'},
+};
+
+// The entity that the text begins with, or null.
+const Entity* FindEntity(std::wstring_view text)
+{
+    const auto* pFound = std::find_if(std::begin(ENTITIES), std::end(ENTITIES), [text](const Entity& entity) {
+        return text.substr(0, entity.name.size()) == entity.name;
+    });
+    return pFound == std::end(ENTITIES) ? nullptr : pFound;
+}
+
+#ifdef __SSE2__
+
+constexpr int SHORT = 12; // the size of a text that lives inside its object, terminator included
+static_assert(SHORT == CString::SHORT_CAPACITY + 1);
+
+// Short text, copied as a whole: room and source must have SHORT characters. @return as CopyToAmpersand
+int CopyShort(wchar_t* pTo, const wchar_t* pFrom, int nCount)
+{
+    const __m128i wanted = _mm_set1_epi32(L'&');
+    __m128i hits[3];
+    for (int i = 0; i < 3; ++i) {
+        const __m128i four = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pFrom) + i);
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(pTo) + i, four);
+        hits[i] = _mm_cmpeq_epi32(four, wanted);
+    }
+    const __m128i all = _mm_packs_epi16(_mm_packs_epi32(hits[0], hits[1]), _mm_packs_epi32(hits[2], hits[2]));
+    return std::countr_zero(static_cast<unsigned>(_mm_movemask_epi8(all)) | 1U << nCount);
+}
+
+#endif
+
+// Copies text up to its first '&'. @return how many characters were copied
+int CopyToAmpersand(wchar_t* pTo, const wchar_t* pFrom, int nCount)
+{
+    int n = 0;
+#ifdef __SSE2__
+    const __m128i wanted = _mm_set1_epi32(L'&');
+    for (; n + 4 <= nCount; n += 4) {
+        const __m128i four = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pFrom + n));
+        if (_mm_movemask_epi8(_mm_cmpeq_epi32(four, wanted)) != 0)
+            break;
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(pTo + n), four);
+    }
+    if (n + 4 > nCount && nCount >= 4) { // the last few together with some that were copied already
+        const __m128i four = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pFrom + nCount - 4));
+        if (_mm_movemask_epi8(_mm_cmpeq_epi32(four, wanted)) == 0) {
+            _mm_storeu_si128(reinterpret_cast<__m128i*>(pTo + nCount - 4), four);
+            return nCount;
+        }
+    }
+#endif
+    for (; n < nCount && pFrom[n] != L'&'; ++n)
+        pTo[n] = pFrom[n];
+    return n;
+}
+
+// Copies text, decoding entities. @return the end of what was written
+wchar_t* Decode(wchar_t* pOut, std::wstring_view text)
+{
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const Entity* pEntity = text[i] == L'&' ? FindEntity(text.substr(i + 1)) : nullptr;
+        *pOut++ = pEntity ? pEntity->ch : text[i];
+        i += pEntity ? pEntity->name.size() : 0;
+    }
+    return pOut;
+}
+
+// Takes the rest of a text in, from the first '&' on.
+[[gnu::noinline]] void DecodeRest(CString& strText, const wchar_t* pFrom, int nPlain, int nLength)
+{
+    wchar_t* pText = strText.GetBuffer(nLength);
+    const wchar_t* pEnd =
+        Decode(pText + nPlain, {pFrom + nPlain, static_cast<std::size_t>(nLength - nPlain)});
+    strText.ReleaseBufferSetLength(static_cast<int>(pEnd - pText));
+}
+
+// A part of the document, which holds it, with entities decoded.
+inline CString TextOf(const CString& strDoc, int nFirst, int nLength)
+{
+    CString strText;
+    if (nLength <= 0)
+        return strText;
+    const wchar_t* pFrom = strDoc.GetString() + nFirst;
+    wchar_t* pText = strText.GetBuffer(nLength);
+#ifdef __SSE2__
+    const bool bShort = nLength < SHORT && strDoc.GetLength() - nFirst >= SHORT;
+    const int nPlain = bShort ? CopyShort(pText, pFrom, nLength) : CopyToAmpersand(pText, pFrom, nLength);
+#else
+    const int nPlain = CopyToAmpersand(pText, pFrom, nLength);
+#endif
+    if (nPlain == nLength)
+        strText.ReleaseBufferSetLength(nLength);
+    else
+        DecodeRest(strText, pFrom, nPlain, nLength);
+    return strText;
+}
+
+} // namespace
 
 CString CMarkup::x_GetToken(const TokenPos& token) const
 {
@@ -28,70 +139,24 @@ CString CMarkup::x_GetTagName(int iPos) const
     return ScanToken(token) ? x_GetToken(token) : CString();
 }
 
-// Notes attributes of the tag until one matches the name. @param bEnd  set when the tag surely has none of
-// that name
-// @return the attribute, or null when there is none or the tag is written in another way
-const CMarkup::AttribNotes::Note* CMarkup::x_FindNote(int nTag, const wchar_t* pszAttrib, bool& bEnd) const
-{
-    AttribNotes& notes = m_notes;
-    const wchar_t* psz = m_strDoc;
-    const int nLength = m_strDoc.GetLength();
-    if (notes.nTag != nTag || notes.nLength != nLength) {
-        if (!StartsName(psz[nTag + 1]))
-            return nullptr;
-        notes.nTag = nTag;
-        notes.nLength = nLength;
-        notes.nScan = FindTokenEnd(psz, nTag + 2, nLength);
-        notes.nNotes = 0;
-    }
-    for (int i = 0;; ++i) {
-        if (i == notes.nNotes) {
-            if (i == AttribNotes::MOST)
-                return nullptr;
-            AttribNotes::Note& note = notes.arrNote[i];
-            note.nName = notes.nScan;
-            SkipSpace(psz, note.nName);
-            const wchar_t first = psz[note.nName];
-            bEnd = first == L'>' || first == L'/' || first == L'?';
-            if (bEnd || !StartsName(first))
-                return nullptr;
-            const int nNameEnd = FindTokenEnd(psz, note.nName + 1, nLength);
-            const wchar_t quote = nNameEnd < nLength ? psz[nNameEnd + 1] : L'\0';
-            if (psz[nNameEnd] != L'=' || (quote != L'"' && quote != L'\''))
-                return nullptr;
-            note.nNameLength = nNameEnd - note.nName;
-            note.nValue = nNameEnd + 2;
-            note.nValueEnd = FindUnit(psz, note.nValue, nLength, quote);
-            if (note.nValueEnd == nLength)
-                return nullptr;
-            notes.nScan = note.nValueEnd + 1;
-            ++notes.nNotes;
-        }
-        const AttribNotes::Note& note = notes.arrNote[i];
-        const wchar_t* pName = psz + note.nName;
-        if (*pName != *pszAttrib || !MatchesName(pName, note.nNameLength, pszAttrib))
-            continue;
-        if (psz[note.nValue - 2] == L'=' && psz[note.nValue - 1] == psz[note.nValueEnd])
-            return &note;
-        notes.nTag = -1; // the text is not what it was
-        return nullptr;
-    }
-}
-
 CString CMarkup::x_GetAttrib(int iPos, const wchar_t* pszAttrib) const
 {
     if (iPos == 0 || m_nMainKind != MNK_ELEMENT || !pszAttrib)
         return CString();
-    const int nTag = m_aElemPos[iPos].nStartTagLeft;
+    const ElemPos& elem = m_aElemPos[iPos];
     if (*pszAttrib != 0 && splitframe::UnitsOf(*pszAttrib) == 1) {
-        bool bEnd = false;
-        if (const AttribNotes::Note* pNote = x_FindNote(nTag, pszAttrib, bEnd))
-            return x_TextFromDoc(pNote->nValue, pNote->nValueEnd - 1);
-        if (bEnd)
+        AttribNotes::Value value;
+        switch (m_notes.Find(m_strDoc, elem.nStartTagLeft, m_strDoc.GetLength(), pszAttrib, value)) {
+        case AttribNotes::Answer::Found:
+            return TextOf(m_strDoc, value.nStart, value.nEnd - value.nStart);
+        case AttribNotes::Answer::None:
             return CString();
+        case AttribNotes::Answer::Unknown:
+            break;
+        }
     }
     TokenPos token(m_strDoc);
-    token.nScanPos = nTag + 1;
+    token.nScanPos = elem.nStartTagLeft + 1;
     if (!x_FindAttrib(token, pszAttrib))
         return CString();
     return x_TextFromDoc(token.nTokenStart,
@@ -140,77 +205,11 @@ CString CMarkup::x_GetData(int iPos) const
                                           static_cast<int>(nClosing - OPENING.size()));
         }
     }
-    return x_TextFromDoc(elem.nStartTagRight + 1, elem.nEndTagLeft - 1);
+    return TextOf(m_strDoc, elem.nStartTagRight + 1, elem.nEndTagLeft - elem.nStartTagRight - 1);
 }
-
-namespace {
-
-struct Entity
-{
-    std::wstring_view name;
-    wchar_t ch;
-};
-
-constexpr Entity ENTITIES[] = {
-    {L"lt;", L'<'}, {L"amp;", L'&'}, {L"gt;", L'>'}, {L"apos;", L'\''}, {L"quot;", L'"'},
-};
-
-// The entity that the text begins with, or null.
-const Entity* FindEntity(std::wstring_view text)
-{
-    const auto* pFound = std::find_if(std::begin(ENTITIES), std::end(ENTITIES), [text](const Entity& entity) {
-        return text.substr(0, entity.name.size()) == entity.name;
-    });
-    return pFound == std::end(ENTITIES) ? nullptr : pFound;
-}
-
-// Copies text up to its first '&'. @return how many characters were copied
-int CopyToAmpersand(wchar_t* pTo, const wchar_t* pFrom, int nCount)
-{
-    int n = 0;
-#ifdef __SSE2__
-    const __m128i wanted = _mm_set1_epi32(L'&');
-    for (; n + 4 <= nCount; n += 4) {
-        const __m128i four = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pFrom + n));
-        if (_mm_movemask_epi8(_mm_cmpeq_epi32(four, wanted)) != 0)
-            break;
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(pTo + n), four);
-    }
-#endif
-    for (; n < nCount && pFrom[n] != L'&'; ++n)
-        pTo[n] = pFrom[n];
-    return n;
-}
-
-// Copies text, decoding entities. @return the end of what was written
-wchar_t* Decode(wchar_t* pOut, std::wstring_view text)
-{
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const Entity* pEntity = text[i] == L'&' ? FindEntity(text.substr(i + 1)) : nullptr;
-        *pOut++ = pEntity ? pEntity->ch : text[i];
-        i += pEntity ? pEntity->name.size() : 0;
-    }
-    return pOut;
-}
-
-} // namespace
 
 CString CMarkup::x_TextFromDoc(int nLeft, int nRight) const
 {
     const int nFirst = std::max(nLeft, 0);
-    const int nLength = std::min(nRight, m_strDoc.GetLength() - 1) - nFirst + 1;
-    CString strText;
-    if (nLength <= 0)
-        return strText;
-    const wchar_t* pFrom = m_strDoc.GetString() + nFirst;
-    wchar_t* pText = strText.GetBuffer(nLength);
-    const int nPlain = CopyToAmpersand(pText, pFrom, nLength);
-    if (nPlain == nLength) {
-        strText.ReleaseBufferSetLength(nLength);
-        return strText;
-    }
-    const wchar_t* pEnd =
-        Decode(pText + nPlain, {pFrom + nPlain, static_cast<std::size_t>(nLength - nPlain)});
-    strText.ReleaseBufferSetLength(static_cast<int>(pEnd - pText));
-    return strText;
+    return TextOf(m_strDoc, nFirst, std::min(nRight, m_strDoc.GetLength() - 1) - nFirst + 1);
 }

@@ -135,12 +135,6 @@ template <class TokenPos> inline bool ScanToken(TokenPos& token)
     return true;
 }
 
-// Whether the token at a position surely does not match a name. Cheap, for passing over tokens.
-inline bool DiffersAtOnce(const wchar_t* pText, const wchar_t* pszName)
-{
-    return StartsName(*pText) && UnitsOf(*pszName) == 1 && *pText != *pszName;
-}
-
 // Whether a token matches a name: the name starts with the token and then ends or goes on with one of " =/[".
 inline bool MatchesName(const wchar_t* pToken, int nLength, const wchar_t* pszName)
 {
@@ -153,6 +147,25 @@ inline bool MatchesName(const wchar_t* pToken, int nLength, const wchar_t* pszNa
             return false;
     }
     return *pszName == 0 || *pszName == L' ' || *pszName == L'=' || *pszName == L'/' || *pszName == L'[';
+}
+
+// Whether the token that starts at nIndex, where StartsName holds, matches a name. Moves nIndex to the
+// token's end.
+inline bool MatchesNameAt(const wchar_t* pszText, int& nIndex, const wchar_t* pszName, int nLength)
+{
+    // Mostly both are equal letters up to the token's end; every delimiter but the backslash lies below 'A'.
+    const wchar_t* pToken = pszText + nIndex;
+    int n = 0;
+    while (pToken[n] == pszName[n] && static_cast<unsigned>(pToken[n]) > L'@' && pToken[n] != L'\\')
+        ++n;
+    if (pszName[n] == 0 && EndsToken(pToken[n])) {
+        nIndex += n;
+        return true;
+    }
+    const int nEnd = FindTokenEnd(pszText, nIndex + n, nLength);
+    const bool bMatches = MatchesName(pToken, nEnd - nIndex, pszName);
+    nIndex = nEnd;
+    return bMatches;
 }
 
 } // namespace splitframe::markup

@@ -75,6 +75,9 @@ private:
 class SPLITFRAME_PLATFORM_API CString
 {
 public:
+    /// Units that every text has room for, without an allocation. With them the object fills one cache line.
+    static constexpr int SHORT_CAPACITY = 11;
+
     CString() noexcept : m_pText(m_szShort), m_nLength(0), m_nCapacity(SHORT_CAPACITY) { m_szShort[0] = 0; }
     CString(const CString& str) : CString(Units{}, str.m_pText, str.m_nLength) {}
     CString(CString&& str) noexcept : CString() { Take(str); }
@@ -185,8 +188,6 @@ public:
     }
 
 private:
-    // Object and short text together fill one cache line.
-    static constexpr int SHORT_CAPACITY = 11;
     struct Units
     {
     };
