@@ -12,7 +12,7 @@ cmake --preset bench >/dev/null
 cmake --build --preset bench -j "$(nproc)" >/dev/null
 
 # Freed memory stays in the process: otherwise the page faults of large documents are what is measured.
-export GLIBC_TUNABLES=glibc.malloc.mmap_threshold=4294967296:glibc.malloc.trim_threshold=4294967296:glibc.malloc.top_pad=268435456
+export GLIBC_TUNABLES=glibc.malloc.mmap_max=0:glibc.malloc.trim_threshold=17179869184:glibc.malloc.top_pad=268435456
 export SPLITFRAME_DISPLAY=headless
 
 results=$(mktemp)
