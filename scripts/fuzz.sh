@@ -1,20 +1,29 @@
 #!/bin/sh
 # Usage: scripts/fuzz.sh BUILD-FOLDER SECONDS
-# Runs every fuzz target of a build for so many seconds, each from its seeds in fuzz/seeds/NAME.
+# Runs every fuzz target of a build for so many seconds, as many at once as there are processors, each from its seeds in
+# fuzz/seeds/NAME. What a target prints is shown only when it fails; its failing input stays in the folder that is named.
 set -eu
-build=$1
+build=$(cd "$1" && pwd)
 seconds=$2
 root=$(cd "$(dirname "$0")/.." && pwd)
-for target in "$build"/fuzz/fuzz-*; do
-    [ -x "$target" ] && [ -f "$target" ] || continue
-    name=$(basename "$target" | sed 's/^fuzz-//')
-    program=$(cd "$(dirname "$target")" && pwd)/$(basename "$target")
+export seconds root
+
+find "$build/fuzz" -maxdepth 1 -name 'fuzz-*' -type f -perm -u+x -print0 | xargs -0 -P "$(nproc)" -n 1 sh -c '
+    program=$1
+    name=$(basename "$program" | sed s/^fuzz-//)
     work=$(mktemp -d)
-    mkdir -p "$work/found"
-    seeds=""
-    [ -d "$root/fuzz/seeds/$name" ] && seeds="$root/fuzz/seeds/$name"
-    echo "fuzz target $name, $seconds seconds"
-    # shellcheck disable=SC2086
-    (cd "$work" && "$program" -max_total_time="$seconds" -verbosity=0 found $seeds) || { echo "failing input in $work"; exit 1; }
-    rm -rf "$work"
-done
+    mkdir "$work/found"
+    seeds=$root/fuzz/seeds/$name
+    [ -d "$seeds" ] || seeds=""
+    cd "$work"
+    if LSAN_OPTIONS="suppressions=$root/tests/lsan.supp:print_suppressions=0" \
+        "$program" -max_total_time="$seconds" found $seeds >log 2>&1
+    then
+        echo "fuzz target $name: $seconds seconds, nothing found"
+        rm -rf "$work"
+    else
+        cat log
+        echo "fuzz target $name failed; see $work"
+        exit 255
+    fi
+' fuzz
