@@ -287,11 +287,13 @@ void CBaseFrameDoc::Clear()
     }
 }
 
-void CBaseFrameDoc::ViewIsDying()
+bool CBaseFrameDoc::ViewIsDying()
 {
-    SendGlobalUnitsHome();
-    if (CSplitLine::m_pRoot == m_pRoot)
+    const bool bHadUnits = SendGlobalUnitsHome();
+    const bool bHadRoot = m_pRoot && CSplitLine::m_pRoot == m_pRoot;
+    if (bHadRoot)
         CSplitLine::m_pRoot = nullptr;
+    return bHadUnits || bHadRoot;
 }
 
 void CBaseFrameDoc::DestroyBaseFrameView()

@@ -195,10 +195,12 @@ public:
     void AdoptGlobalUnits();
 
     /// Gives every global unit that stands in the view back to the main frame, before the view's window dies.
-    void SendGlobalUnitsHome();
+    /// @return whether there was one
+    bool SendGlobalUnitsHome();
 
     /// The view's window is about to die: nothing of this document is active any more.
-    void ViewIsDying();
+    /// @return whether it held a global unit or the active split tree, which the frame in front may miss
+    bool ViewIsDying();
 
     // The fields are open to hosts' derived classes and to the library's view, helper and frames. Whoever
     // takes a window out of a list takes its unit ID out of the list beside it.

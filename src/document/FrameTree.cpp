@@ -195,6 +195,8 @@ void CBaseFrameDoc::BuildTree(CBaseFrameStyle& style)
     const LineNames names(style);
     splitframe::SideNumbers numbers(nodes.m_arrNode);
     const std::vector<SplitSides> arrWanted = ResolveSides(arrInfo, names, nodes.m_arrNode, numbers);
+    if (IsViewGone())
+        return; // its leaves belong to others now
     const SplitPlan plan = splitframe::PlanSplitTree(arrWanted, numbers.GetLeafCount());
 
     DeleteTree(); // a hook may have built one

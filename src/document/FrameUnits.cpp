@@ -44,7 +44,7 @@ void CBaseFrameDoc::Create(CBaseFrameView* pView)
     if (IsViewGone() || !pStyle)
         return;
     BuildTree(*pStyle);
-    if (!m_pRoot)
+    if (!m_pRoot && !IsViewGone())
         ShowStyleWithoutLines();
 }
 
@@ -60,16 +60,18 @@ CBaseUnitWnd* CBaseFrameDoc::CreateOwnUnit(CBaseUnitInfo* pInfo, const CString& 
             Report(L"no usable unit class has this GUID; the unit is skipped", pInfo->m_strName);
         return nullptr;
     }
-    if (pCached) {
+    if (pCached)
         splitframe::DocumentList::ForgetCached(pCached, this);
+    if (pCached && pCached->GetSafeHwnd())
         MoveIntoView(pCached);
-    } else {
+    else // a host may have destroyed the window of a cached unit
         unit.Get()->Create(m_pView, pInfo);
-    }
     if (unit.Get() && !IsViewGone())
         unit.Get()->Init(strParam);
     if (!unit.Get())
         return nullptr;
+    if (!FindCurrentStyle())
+        unit.Get()->m_pBaseUnitInfo = nullptr; // a hook cleared the records before the unit was listed
     unit.Get()->SetNotifyFunc(&CBaseFrameView::OnBaseUnitNotify);
     m_arrBaseUnitWnd.Add(unit.Get());
     m_arrBaseUnitWndID.Add(splitframe::NO_UNIT_ID);

@@ -130,15 +130,19 @@ bool CBaseFrameDoc::HasUnitsToLayOut()
                                 [this](const CBaseUnitWnd* pUnit) { return StandsIn(pUnit, m_hView); });
 }
 
-void CBaseFrameDoc::SendGlobalUnitsHome()
+bool CBaseFrameDoc::SendGlobalUnitsHome()
 {
     CBaseFrameWnd* pMain = FindMainFrame();
     if (!pMain)
-        return;
+        return false;
+    bool bAny = false;
     const std::vector<CBaseUnitWnd*> arrUnit(pMain->m_arrGlobalBaseUnitWnd.begin(),
                                              pMain->m_arrGlobalBaseUnitWnd.end());
     for (CBaseUnitWnd* pUnit : arrUnit) {
-        if (pMain->ListsGlobalUnit(pUnit) && StandsIn(pUnit, m_hView))
-            pMain->TakeHome(pUnit);
+        if (!pMain->ListsGlobalUnit(pUnit) || !StandsIn(pUnit, m_hView))
+            continue;
+        pMain->TakeHome(pUnit);
+        bAny = true;
     }
+    return bAny;
 }

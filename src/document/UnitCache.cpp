@@ -133,6 +133,10 @@ CBaseUnitWnd* CBaseFrameDoc::CreateBaseUnitWnd(const wchar_t* pszName)
         if (!pUnit->m_pBaseUnitInfo || !(pUnit->m_pBaseUnitInfo->m_strName == strName))
             continue;
         const splitframe::UnitWatch watch(pUnit);
+        if (!pUnit->GetSafeHwnd())
+            pUnit->Create(AfxGetMainWnd(), pUnit->m_pBaseUnitInfo); // a host has destroyed it
+        if (!watch.Get())
+            return nullptr;
         const int nID = CurrentUnitID(pUnit); // before the window leaves the list: this may throw
         return watch.Get() ? PutIntoCache(pUnit, nID) : nullptr;
     }

@@ -34,9 +34,25 @@ BOOL CBaseFrameChildWnd::PreCreateWindow(CREATESTRUCT& cs)
 
 void CBaseFrameChildWnd::OnBeginDestroy()
 {
+    const CMDIFrameWnd* pMain = GetMDIFrame();
+    auto* pFront = pMain ? DynamicDownCast<CBaseFrameChildWnd>(pMain->MDIGetActive()) : nullptr;
+    const HWND hFront = pFront ? pFront->GetSafeHwnd() : nullptr;
     CBCGPMDIChildWnd::OnBeginDestroy();
-    if (CBaseFrameDoc* pDoc = GetFrameDoc())
-        pDoc->ViewIsDying();
+    CBaseFrameDoc* pDoc = GetFrameDoc();
+    const bool bHeldSomething = pDoc && pDoc->ViewIsDying();
+    // A frame that ends before it ever came to the front has taken from the one that is there.
+    if (bHeldSomething && pFront != this && ::IsWindow(hFront))
+        pFront->TakeBack();
+}
+
+void CBaseFrameChildWnd::TakeBack()
+{
+    CBaseFrameDoc* pDoc = GetFrameDoc();
+    if (!pDoc || !pDoc->m_bActive)
+        return;
+    pDoc->SetRoot();
+    pDoc->AdoptGlobalUnits();
+    RecalcLayout(TRUE);
 }
 
 void CBaseFrameChildWnd::ActivateFrame(int /*nCmdShow*/)
@@ -75,10 +91,12 @@ void CBaseFrameChildWnd::OnMDIActivate(BOOL bActivate, CWnd* pActivateWnd, CWnd*
     }
 }
 
-void CBaseFrameChildWnd::OnSetFocus(CWnd* /*pOldWnd*/)
+void CBaseFrameChildWnd::OnSetFocus(CWnd* pOldWnd)
 {
     CBaseFrameDoc* pDoc = GetFrameDoc();
-    if (pDoc && pDoc->GetBaseUnitWndCount() > 0)
+    if (!pDoc)
+        return CBCGPMDIChildWnd::OnSetFocus(pOldWnd);
+    if (pDoc->GetBaseUnitWndCount() > 0)
         pDoc->GetBaseUnitWnd(0)->OnProcessCommand(splitframe::UNIT_CMD_SET_FOCUS, 0);
 }
 

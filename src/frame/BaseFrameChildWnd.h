@@ -45,4 +45,8 @@ protected:
     void OnDestroy();
 
     DECLARE_MESSAGE_MAP()
+
+private:
+    /// Gives the frame in front its tree and its global units again, and lays it out.
+    void TakeBack();
 };

@@ -161,9 +161,14 @@ void CBaseFrameWnd::OpenNewFrame(CBaseFrameDoc* pDefinition)
     CDocument* pNew = m_pDocTemplate->CreateNewDocument();
     auto* pDoc = DynamicDownCast<CBaseFrameDoc>(pNew);
     CFrameWnd* pFrame = nullptr;
-    if (pDoc) {
-        pDoc->Init(pDefinition);
-        pFrame = m_pDocTemplate->CreateNewFrame(pDoc, nullptr);
+    try {
+        if (pDoc) {
+            pDoc->Init(pDefinition);
+            pFrame = m_pDocTemplate->CreateNewFrame(pDoc, nullptr);
+        }
+    } catch (...) {
+        pDoc->OnCloseDocument(); // with whatever there is of its frame
+        throw;
     }
     if (!pFrame) {
         Diagnostic diagnostic;

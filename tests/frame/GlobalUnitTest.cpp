@@ -114,6 +114,34 @@ TEST(GlobalUnits, NotifyTheHelperOfTheirFrame)
     EXPECT_EQ(Log().Take("Notify"), "");
 }
 
+TEST(GlobalUnits, StayWithTheFrameInFrontWhenAnotherNeverGetsThere)
+{
+    for (const bool bThrow : {true, false}) {
+        for (const wchar_t* pszFront : {L"A1", L"D1"}) {
+            FrameHost host;
+            host.Load(Frames());
+            CBaseFrameDoc* pFront = host.Open(pszFront);
+            const std::string strPanes = host.Panes();
+            Log().hooks["b.Init"] = [&](CBaseUnitWnd* pUnit) {
+                EXPECT_NE(host.m_pMain->FindGlobalBaseUnitWnd(L"g")->GetParent(), pFront->m_pView);
+                if (bThrow)
+                    throw 1;
+                pUnit->GetParentFrame()->SendMessage(WM_CLOSE);
+            };
+            try {
+                host.Open(L"B1");
+            } catch (int) {
+                EXPECT_TRUE(bThrow);
+            }
+            host.Settle();
+            EXPECT_EQ(host.ActiveDoc(), pFront);
+            EXPECT_TRUE(StandsIn(host, pFront));
+            EXPECT_EQ(host.Panes(), strPanes);
+            EXPECT_EQ(CSplitLine::m_pRoot, pFront->m_pRoot);
+        }
+    }
+}
+
 TEST(GlobalUnits, TheHostMayDeleteOne)
 {
     FrameHost host;

@@ -164,6 +164,58 @@ TEST(Hooks, AClassThatThrowsWhenItIsMade)
     EXPECT_EQ(host.OpenFrames(), "B");
 }
 
+namespace {
+
+class ThrowingTemplate : public CMultiDocTemplate
+{
+public:
+    using CMultiDocTemplate::CMultiDocTemplate;
+    CFrameWnd* CreateNewFrame(CDocument* pDoc, CFrameWnd* pOther) override
+    {
+        if (m_bAfterwards)
+            CMultiDocTemplate::CreateNewFrame(pDoc, pOther);
+        throw 5;
+    }
+    bool m_bAfterwards = false;
+};
+
+} // namespace
+
+TEST(Hooks, ATemplateThatThrowsLeavesNothing)
+{
+    FrameHost host;
+    host.Load(Frames());
+    auto* pTemplate = new ThrowingTemplate(2, RUNTIME_CLASS(CBaseFrameDoc), RUNTIME_CLASS(CBaseFrameChildWnd),
+                                           RUNTIME_CLASS(CBaseFrameView));
+    host.m_app.AddDocTemplate(pTemplate);
+    host.m_pMain->m_pDocTemplate = pTemplate;
+    for (const bool bAfterwards : {false, true}) {
+        pTemplate->m_bAfterwards = bAfterwards;
+        EXPECT_THROW(host.Open(L"A1"), int);
+        EXPECT_EQ(pTemplate->GetDocumentCount(), 0);
+        EXPECT_TRUE(host.m_pMain->GetChildFrames().empty());
+    }
+    host.m_pMain->m_pDocTemplate = host.m_pTemplate;
+    ExpectUsable(host);
+}
+
+TEST(Hooks, ACachedUnitThatLostItsWindowGetsANewOne)
+{
+    FrameHost host;
+    host.Load(Frames());
+    CBaseFrameDoc* pDefinition = host.m_pMain->FindBaseFrameDoc(L"A");
+    CBaseUnitWnd* pUnit = pDefinition->CreateBaseUnitWnd(L"a");
+    pUnit->DestroyWindow();
+    EXPECT_EQ(pDefinition->CreateBaseUnitWnd(L"a"), pUnit);
+    EXPECT_EQ(pUnit->GetParent(), host.m_pMain);
+    pUnit->DestroyWindow();
+    CBaseFrameDoc* pDoc = host.Open(L"A1");
+    EXPECT_EQ(host.Unit(L"a"), pUnit);
+    EXPECT_EQ(pUnit->GetParent(), pDoc->m_pView);
+    EXPECT_EQ(pDefinition->GetWndCacheCount(), 0);
+    EXPECT_NE(host.Panes().find("a "), std::string::npos);
+}
+
 TEST(Hooks, AGlobalClassThatThrowsReachesTheCaller)
 {
     FrameHost host;

@@ -74,8 +74,10 @@ LRESULT RecordingUnit::Note(const std::string& strWhat)
 
 BOOL RecordingUnit::Create(CWnd* pParent, CBaseUnitInfo* pInfo)
 {
+    const splitframe::CSplitLineLink self(this);
     const BOOL bCreated = CBaseUnitWnd::Create(pParent, pInfo);
-    Note("Create");
+    if (self)
+        Note("Create");
     return bCreated;
 }
 
