@@ -34,6 +34,13 @@ function(splitframe_own_code target)
         -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-overloaded-virtual -Werror)
 endfunction()
 
+# Parses the common headers once for a target of many sources.
+function(splitframe_precompile target)
+    if(SPLITFRAME_PRECOMPILE)
+        target_precompile_headers(${target} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/Precompiled.h)
+    endif()
+endfunction()
+
 # The sources below a folder, found again at every build so that a new file needs no list.
 function(splitframe_sources out)
     set(patterns)
