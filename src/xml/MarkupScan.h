@@ -94,6 +94,12 @@ inline int FindUnit(const wchar_t* pszText, int nFrom, int nEnd, wchar_t ch)
 {
 #ifdef __SSE2__
     const __m128i wanted = _mm_set1_epi16(static_cast<short>(ch));
+    if (nFrom + 8 <= nEnd) { // most values are short
+        const __m128i hits = _mm_cmpeq_epi16(LoadEight(pszText + nFrom), wanted);
+        if (const unsigned nBits = static_cast<unsigned>(_mm_movemask_epi8(hits)))
+            return nFrom + std::countr_zero(nBits) / 2;
+        nFrom += 8;
+    }
     for (; nFrom + 16 <= nEnd; nFrom += 16) {
         const __m128i hits = _mm_packs_epi16(_mm_cmpeq_epi16(LoadEight(pszText + nFrom), wanted),
                                              _mm_cmpeq_epi16(LoadEight(pszText + nFrom + 8), wanted));

@@ -1,73 +1,71 @@
-// Where the angle brackets of a text are: one bit for each character, found block by block while the text is
-// copied. So the text passes through the processor's cache once: copied, searched and parsed before it leaves
-// it. Knows text units only.
+// Where the angle brackets of a text are, found block by block while the text is copied. So the text passes
+// through the processor's cache once: copied, searched and parsed before it leaves it. Knows text units only.
 #pragma once
 
-#include <array>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 
 namespace splitframe::markup {
 
-/// Finds the '<' and '>' of one text, from front to back only: no search may start before the block in which
-/// the last one ended. Copies what it passes.
+/// Finds the '<' and '>' of one text, from front to back only: no search may start before the bracket that
+/// the last one found. Copies what it passes.
 class TagIndex
 {
 public:
-    /// @param pFrom  the text; must outlive the index
+    /// @param pFrom  the text, of at most INT_MAX - 1 characters; must outlive the index
     /// @param pTo  where to copy it, aligned to 16 bytes, or null for no copy
     TagIndex(const wchar_t* pFrom, wchar_t* pTo, std::size_t nLength);
 
     /// The first bracket at nFrom or behind it; the text's length when there is none.
-    int FindOpen(int nFrom) { return Find<&Word::nOpen>(static_cast<std::size_t>(nFrom)); }
-    int FindClose(int nFrom) { return Find<&Word::nClose>(static_cast<std::size_t>(nFrom)); }
+    int FindOpen(int nFrom) { return Find(m_open, nFrom); }
+    int FindClose(int nFrom) { return Find(m_close, nFrom); }
 
     /// Copies what no search has passed. @return false when the text holds values above FFFF: then it has to
     /// be split into units first, and copy and positions are of no use
     bool Finish();
 
 private:
-    // Source, copy and bits of one block fit into the first-level cache together.
-    static constexpr std::size_t BLOCK_WORDS = 64;
-    static constexpr std::size_t BLOCK = 64 * BLOCK_WORDS;
+    // Source and copy of one block fit into the first-level cache together, with room for the parser's table.
+    static constexpr std::size_t BLOCK = 2048;
+    static constexpr int NO_MORE = std::numeric_limits<int>::max();
 
-    struct Word
+    // The positions of one kind of bracket in the block, ended by NO_MORE. Finding the next one is a step in
+    // a list: the processor runs ahead of it, which it can not when each position is computed from the one
+    // before.
+    struct List
     {
-        std::uint64_t nOpen = 0;
-        std::uint64_t nClose = 0;
+        int* pNext;
+        int* pEnd;
+        int arrPos[BLOCK + 8]; // some more are written than there are
     };
 
-    template <std::uint64_t Word::*MEMBER> int Find(std::size_t nFrom)
+    int Find(List& list, int nFrom)
     {
         for (;;) {
-            if (nFrom >= m_nBlockEnd) {
-                if (m_nBlockEnd == m_nLength)
-                    return static_cast<int>(m_nLength);
-                LoadBlock();
-                continue;
-            }
-            // All bits behind the block's end are set, so every search ends.
-            std::size_t i = (nFrom - m_nBlockStart) / 64;
-            std::uint64_t nBits = m_arrWord[i].*MEMBER & (~std::uint64_t{0} << (nFrom % 64));
-            while (nBits == 0)
-                nBits = m_arrWord[++i].*MEMBER;
-            nFrom = m_nBlockStart + 64 * i + static_cast<std::size_t>(std::countr_zero(nBits));
-            if (nFrom < m_nBlockEnd)
-                return static_cast<int>(nFrom);
+            while (*list.pNext < nFrom)
+                ++list.pNext;
+            if (*list.pNext != NO_MORE)
+                return *list.pNext;
+            if (m_nBlockEnd == m_nLength)
+                return static_cast<int>(m_nLength);
+            LoadBlock();
         }
     }
 
     void LoadBlock();
-    template <class Store> void LoadWords(std::size_t nWords, Store store);
+    template <class Store> void LoadWords(std::size_t nWords);
+    template <class Store> void LoadWordsWide(std::size_t nWords);
+    void LoadRest(std::size_t nFrom);
 
     const wchar_t* m_pFrom;
     wchar_t* m_pTo;
     std::size_t m_nLength;
     std::size_t m_nBlockStart = 0;
     std::size_t m_nBlockEnd = 0;
-    bool m_bWide = false;                        // a value above FFFF was passed
-    std::array<Word, BLOCK_WORDS + 1> m_arrWord; // of the block; not set before the first one is loaded
+    bool m_bWide = false; // a value above FFFF was passed
+    List m_open;
+    List m_close;
 };
 
 } // namespace splitframe::markup
