@@ -9,11 +9,10 @@
 #include "platform/window/WindowManager.h"
 #include "unit/BaseUnitWnd.h"
 
-#include <vector>
+#include <deque>
 
 using splitframe::AddClamped;
 using splitframe::ClampToInt;
-using splitframe::SubtractClamped;
 
 IMPLEMENT_DYNCREATE(CBaseFrameHelper, CObject)
 
@@ -98,13 +97,13 @@ void CBaseFrameHelper::OnCalcWindowRect(LPRECT lpRect)
     if (!m_pDoc || !lpRect)
         return;
     const RECT rcSource = *lpRect;
-    std::vector<std::unique_ptr<splitframe::UnitWatch>> arrUnit;
+    std::deque<splitframe::UnitWatch> arrUnit; // watches do not move
     for (int i = 0; i < m_pDoc->GetBaseUnitWndCount(); ++i)
-        arrUnit.push_back(std::make_unique<splitframe::UnitWatch>(m_pDoc->GetBaseUnitWnd(i)));
+        arrUnit.emplace_back(m_pDoc->GetBaseUnitWnd(i));
     for (int i = 0; i < m_pDoc->GetWndCacheCount(); ++i)
-        arrUnit.push_back(std::make_unique<splitframe::UnitWatch>(m_pDoc->GetWndCache(i)));
-    for (const auto& pWatch : arrUnit) {
-        if (pWatch->Get())
-            PlaceByRates(pWatch->Get(), rcSource);
+        arrUnit.emplace_back(m_pDoc->GetWndCache(i));
+    for (const splitframe::UnitWatch& watch : arrUnit) {
+        if (watch.Get())
+            PlaceByRates(watch.Get(), rcSource);
     }
 }

@@ -53,8 +53,7 @@ void CBaseFrameDoc::Create(CBaseFrameView* pView)
 CBaseUnitWnd* CBaseFrameDoc::CreateOwnUnit(CBaseUnitInfo* pInfo, const CString& strParam)
 {
     CBaseUnitWnd* pCached = GetBaseUnitWndCache(pInfo->m_strName);
-    splitframe::NewUnit unit(pCached ? std::unique_ptr<CBaseUnitWnd>(pCached)
-                                     : splitframe::MakeUnit(pInfo->m_guid));
+    splitframe::NewUnit unit(pCached ? pCached : splitframe::MakeUnit(pInfo->m_guid).release());
     if (!unit.Get()) {
         if (!m_bFaultsTold)
             Report(L"no usable unit class has this GUID; the unit is skipped", pInfo->m_strName);

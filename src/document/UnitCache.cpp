@@ -158,7 +158,7 @@ CBaseUnitInfo* CBaseFrameDoc::FindOwnRecord(const CString& strName)
 
 CBaseUnitWnd* CBaseFrameDoc::CreateCachedUnit(CBaseUnitInfo* pInfo)
 {
-    splitframe::NewUnit unit(splitframe::MakeUnit(pInfo->m_guid));
+    splitframe::NewUnit unit(splitframe::MakeUnit(pInfo->m_guid).release());
     if (!unit.Get()) {
         if (!m_bFaultsTold)
             Report(L"no usable unit class has this GUID; the unit is skipped", pInfo->m_strName);

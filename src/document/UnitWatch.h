@@ -4,8 +4,6 @@
 #include "unit/BaseUnitWnd.h"
 #include "unit/UnitObserver.h"
 
-#include <memory>
-
 namespace splitframe {
 
 /// A pointer to a unit that becomes null when the unit is deleted. Owns nothing.
@@ -31,7 +29,8 @@ private:
 class NewUnit
 {
 public:
-    explicit NewUnit(std::unique_ptr<CBaseUnitWnd> pUnit) : m_watch(pUnit.release()) {}
+    /// @param pUnit  owned from now on; may be null
+    explicit NewUnit(CBaseUnitWnd* pUnit) : m_watch(pUnit) {}
     NewUnit(const NewUnit&) = delete;
     NewUnit& operator=(const NewUnit&) = delete;
     ~NewUnit()

@@ -28,7 +28,7 @@ CBaseFrameDoc* CBaseFrameChildWnd::GetFrameDoc()
 
 BOOL CBaseFrameChildWnd::PreCreateWindow(CREATESTRUCT& cs)
 {
-    cs.style &= ~WS_SYSMENU;
+    cs.style &= static_cast<LONG>(~WS_SYSMENU);
     return CBCGPMDIChildWnd::PreCreateWindow(cs);
 }
 

@@ -111,7 +111,7 @@ void CBaseFrameWnd::CreateGlobalUnits(int nFirst)
 {
     for (int i = nFirst; i < m_arrGlobalBaseUnitInfo.GetSize(); ++i) {
         CBaseUnitInfo* pInfo = m_arrGlobalBaseUnitInfo[i];
-        splitframe::NewUnit unit(splitframe::MakeUnit(pInfo->m_guid));
+        splitframe::NewUnit unit(splitframe::MakeUnit(pInfo->m_guid).release());
         if (unit.Get())
             unit.Get()->Create(this, pInfo);
         if (unit.Get())
