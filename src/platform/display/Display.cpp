@@ -11,10 +11,16 @@ namespace splitframe {
 
 namespace {
 
-// The process has one display. The lock lets other threads wake it while it may be replaced.
+// For other threads, which may wake the display while it is replaced and until the process is gone: so these
+// outlive it.
+constinit std::mutex g_mutex;
+constinit Display* g_pWakened = nullptr; // the display in use; guarded by the mutex
+
+// The process has one display.
 struct Current
 {
-    std::mutex mutex;
+    ~Current() { SetDisplay(nullptr); }
+
     std::unique_ptr<Display> pDisplay;
     bool bStandIn = false;
     unsigned long nSerial = 0;
@@ -73,7 +79,8 @@ bool IsDisplayUsable()
 std::unique_ptr<Display> SetDisplay(std::unique_ptr<Display> pDisplay)
 {
     Current& current = TheCurrent();
-    const std::lock_guard lock(current.mutex);
+    const std::lock_guard lock(g_mutex);
+    g_pWakened = pDisplay.get();
     current.bStandIn = false;
     ++current.nSerial;
     return std::exchange(current.pDisplay, std::move(pDisplay));
@@ -86,10 +93,9 @@ unsigned long DisplaySerial()
 
 void WakeDisplay()
 {
-    Current& current = TheCurrent();
-    const std::lock_guard lock(current.mutex);
-    if (current.pDisplay)
-        current.pDisplay->Wake();
+    const std::lock_guard lock(g_mutex);
+    if (g_pWakened)
+        g_pWakened->Wake();
 }
 
 } // namespace splitframe

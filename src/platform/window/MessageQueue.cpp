@@ -4,17 +4,40 @@
 #include "platform/window/WindowManager.h"
 #include "platform/window/WindowRecord.h"
 
+#include <mutex>
+
 namespace splitframe {
+
+namespace {
+
+// These outlive the queue: other threads may post until the process is gone.
+constinit std::mutex g_mutex;
+constinit MessageQueue* g_pQueue = nullptr; // guarded by the mutex
+
+} // namespace
+
+MessageQueue::MessageQueue()
+{
+    const std::lock_guard lock(g_mutex);
+    g_pQueue = this;
+}
+
+MessageQueue::~MessageQueue()
+{
+    const std::lock_guard lock(g_mutex);
+    g_pQueue = nullptr;
+}
 
 bool MessageQueue::Post(const MSG& msg)
 {
+    PostedMessages(); // there is one from the first post on
     bool bWasEmpty = false;
     {
-        const std::lock_guard lock(m_mutex);
-        if (m_incoming.size() >= LONGEST)
+        const std::lock_guard lock(g_mutex);
+        if (!g_pQueue || g_pQueue->m_incoming.size() >= LONGEST)
             return false;
-        bWasEmpty = m_incoming.empty();
-        m_incoming.push_back(msg);
+        bWasEmpty = g_pQueue->m_incoming.empty();
+        g_pQueue->m_incoming.push_back(msg);
     }
     if (bWasEmpty)
         WakeDisplay();
@@ -23,7 +46,7 @@ bool MessageQueue::Post(const MSG& msg)
 
 void MessageQueue::Fetch()
 {
-    const std::lock_guard lock(m_mutex);
+    const std::lock_guard lock(g_mutex);
     if (m_ready.empty())
         m_ready.swap(m_incoming);
 }
@@ -56,5 +79,5 @@ BOOL PostMessage(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam)
 {
     if (!hWnd || (splitframe::IsUserInterfaceThread() && !IsWindow(hWnd)))
         return FALSE;
-    return splitframe::PostedMessages().Post({hWnd, nMessage, wParam, lParam, 0, {0, 0}}) ? TRUE : FALSE;
+    return splitframe::MessageQueue::Post({hWnd, nMessage, wParam, lParam, 0, {0, 0}}) ? TRUE : FALSE;
 }
