@@ -4,13 +4,16 @@
 #include "platform/graphics/Region.h"
 #include "platform/graphics/Surface.h"
 
+#include <memory>
+
 namespace splitframe {
 
 struct Canvas
 {
-    Surface* pSurface = nullptr; // not owned, outlives the context's use of it; null: drawing does nothing
-    POINT ptOrigin{};            // surface coordinates of the context's point (0, 0), logical pixels
-    Region clip;                 // surface coordinates; what lies outside is never touched
+    Surface* pSurface = nullptr;          // outlives the context's use of it; null: drawing does nothing
+    std::shared_ptr<const Surface> pKeep; // set where the surface may be replaced while the context lives
+    POINT ptOrigin{};                     // surface coordinates of the context's point (0, 0), logical pixels
+    Region clip;                          // surface coordinates; what lies outside is never touched
     Surface* pXorPlane =
         nullptr; // not owned; exclusive-or drawing goes here instead, if set (same size and scale)
     Region* pDamage =

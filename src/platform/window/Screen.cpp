@@ -25,7 +25,7 @@ void PrepareScreen()
         pSurface->Height() == size.cy && pSurface->Scale() == display.Scale())
         return;
     TheScreen().pSurface =
-        std::make_unique<Surface>(size.cx, size.cy, display.Scale(), GetSysColor(COLOR_3DFACE));
+        std::make_shared<Surface>(size.cx, size.cy, display.Scale(), GetSysColor(COLOR_3DFACE));
     TheScreen().nDisplay = DisplaySerial();
     TheScreen().damage = Region(RECT{0, 0, size.cx, size.cy});
     FollowDisplaySize(size);
@@ -50,6 +50,7 @@ Canvas CanvasFor(const POINT& ptOrigin, Region clip, bool bNoteDamage)
     clip.Intersect(screen.pSurface->Bounds());
     Canvas canvas;
     canvas.pSurface = screen.pSurface.get();
+    canvas.pKeep = screen.pSurface;
     canvas.ptOrigin = ptOrigin;
     canvas.clip = std::move(clip);
     canvas.pDamage = bNoteDamage ? &screen.damage : nullptr;

@@ -9,9 +9,11 @@ namespace splitframe {
 
 struct Screen
 {
-    std::unique_ptr<Surface> pSurface; // made at the display's size when the first top-level window is
-    Region damage;                     // changed since it was last shown
-    unsigned long nDisplay = 0;        // the display that it is shown on
+    // Made at the display's size when the first top-level window is; contexts that are open when it is
+    // replaced keep the old one.
+    std::shared_ptr<Surface> pSurface;
+    Region damage;              // changed since it was last shown
+    unsigned long nDisplay = 0; // the display that it is shown on
 };
 
 Screen& TheScreen();
