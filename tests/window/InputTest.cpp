@@ -92,6 +92,48 @@ TEST_F(InputTest, CaptureTakesTheMouseUntilReleased)
     EXPECT_EQ(GetCapture(), nullptr);
 }
 
+TEST_F(InputTest, CaptureEndsWhenItsWindowIsHidden)
+{
+    CLogWnd wndInner("i", &m_log);
+    wndInner.Open(&m_a, {0, 0, 20, 20});
+    const std::function<void()> hides[] = {
+        [&] { wndInner.ShowWindow(SW_HIDE); },
+        [&] { m_a.SetWindowPos(nullptr, 0, 0, 0, 0, SWP_HIDEWINDOW | SWP_NOMOVE | SWP_NOSIZE); }};
+    for (const auto& hide : hides) {
+        wndInner.ShowWindow(SW_SHOW);
+        wndInner.SetCapture();
+        After();
+        hide();
+        EXPECT_EQ(GetCapture(), nullptr);
+        EXPECT_NE(After().find("i:capturelost"), std::string::npos);
+    }
+}
+
+TEST_F(InputTest, F10AloneIsAKeyLikeOthers)
+{
+    m_b.SetFocus();
+    After();
+    Screen().PressKey(VK_F10);
+    Screen().ReleaseKey(VK_F10);
+    EXPECT_EQ(After(), "b:key 121");
+    Screen().PressKey(VK_MENU);
+    Screen().PressKey(VK_F10);
+    Screen().ReleaseKey(VK_F10);
+    Screen().ReleaseKey(VK_MENU);
+    EXPECT_EQ(After(), "b:syskey 18 | b:syskey 121");
+}
+
+TEST_F(InputTest, ActivationMovesOnWithoutAnOwner)
+{
+    CLogWnd wndOther("o", &m_log);
+    wndOther.Open(nullptr, {0, 0, 50, 50}, WS_POPUP | WS_VISIBLE);
+    wndOther.SetActiveWindow();
+    wndOther.SetFocus();
+    wndOther.DestroyWindow();
+    EXPECT_EQ(GetActiveWindow(), m_main.GetSafeHwnd());
+    EXPECT_EQ(GetFocus(), m_main.GetSafeHwnd());
+}
+
 TEST_F(InputTest, KeysGoToTheFocus)
 {
     m_b.SetFocus();

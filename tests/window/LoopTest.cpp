@@ -56,6 +56,35 @@ TEST_F(LoopTest, AStreamOfPostedMessagesStarvesNobody)
     EXPECT_EQ(nPosted, 40);
 }
 
+TEST_F(LoopTest, AfterOneLongPostedMessageInputHasItsTurn)
+{
+    m_main.m_on[WM_USER] = [&] { Screen().AdvanceClock(20); };
+    m_main.PostMessage(WM_USER, 1);
+    m_main.PostMessage(WM_USER, 2);
+    m_main.Invalidate();
+    Screen().MoveMouse(1, 2);
+    Drain();
+    EXPECT_EQ(Told(), "m:user 1 | m:mouse 1,2 | m:paint | m:user 2");
+}
+
+// A worker that nobody stops may still post while the process ends.
+TEST_F(LoopTest, PostingWhileTheProcessEndsIsHarmless)
+{
+    const HWND hWnd = m_main;
+    EXPECT_EXIT(
+        {
+            for (int n = 0; n < 2; ++n) {
+                std::thread([hWnd] {
+                    for (;;)
+                        PostMessage(hWnd, WM_USER);
+                }).detach();
+            }
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+            std::exit(0);
+        },
+        testing::ExitedWithCode(0), "");
+}
+
 TEST_F(LoopTest, ManyThreadsPostInTheirOrder)
 {
     constexpr WPARAM MESSAGES = 2000;

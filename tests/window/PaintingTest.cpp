@@ -203,6 +203,39 @@ TEST_F(PaintingTest, AClientContextDrawsOnlyWhatIsVisible)
     EXPECT_EQ(Pixel(60, 20), BLUE) << "the sibling above is spared";
 }
 
+TEST_F(PaintingTest, AContextMayBeKeptWhileTheDisplayChangesItsSize)
+{
+    CClientDC dcKept(&m_a);
+    for (const int nSide : {1000, 50}) {
+        Screen().Resize(nSide, nSide);
+        Drain();
+        dcKept.FillSolidRect(CRect(0, 0, 300, 300), RGB(1, 2, 3));
+        dcKept.MoveTo(0, 0);
+        dcKept.LineTo(200, 133);
+        dcKept.TextOut(0, 0, L"kept");
+        Drain();
+    }
+    m_main.RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    Drain();
+    EXPECT_EQ(Pixel(10, 10), GREEN) << "what follows is painted on the new surface";
+}
+
+TEST_F(PaintingTest, AMarkBelowAWindowUncoveredWithoutRepaintingIsNotLost)
+{
+    CLogWnd wndInner("i", &m_log), wndCover("k", &m_log);
+    wndInner.Open(&m_a, {0, 0, 20, 20});
+    wndCover.Open(&m_main, {0, 0, 200, 200});
+    Drain();
+    wndInner.Invalidate();
+    Drain(); // covered, so nothing is painted
+    wndCover.MoveWindow(250, 250, 10, 10, FALSE);
+    Drain();
+    const int nBefore = wndInner.m_nPaints;
+    wndInner.Invalidate();
+    Drain();
+    EXPECT_EQ(wndInner.m_nPaints, nBefore + 1);
+}
+
 TEST_F(PaintingTest, AThousandPanesAreEachPaintedOnce)
 {
     m_a.DestroyWindow();

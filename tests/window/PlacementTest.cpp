@@ -48,6 +48,25 @@ TEST_F(PlacementTest, SetWindowPosTellsOnlyWhatHasChanged)
     EXPECT_EQ(WindowFromPoint({6, 5}), wndMain.GetSafeHwnd()) << "and is never hit";
 }
 
+TEST_F(PlacementTest, TheLastSizeToldIsTheSizeThatHolds)
+{
+    for (const UINT nMessage : {WM_MOVE, WM_SHOWWINDOW}) {
+        CPlainWnd wndMain;
+        wndMain.Open(nullptr, {0, 0, 400, 300});
+        CLogWnd wnd("w", &m_log);
+        wnd.Open(&wndMain, {10, 10, 60, 50}, 0);
+        wnd.m_on[nMessage] = [&] {
+            wnd.m_on.clear();
+            wnd.MoveWindow(7, 8, 33, 22);
+        };
+        Told();
+        wnd.SetWindowPos(nullptr, 1, 2, 90, 80, SWP_SHOWWINDOW | SWP_NOZORDER);
+        const std::string strTold = Told();
+        EXPECT_EQ(strTold.substr(strTold.rfind("w:size")), "w:size 33,22") << strTold;
+        EXPECT_EQ(strTold.substr(strTold.rfind("w:move"), 10), "w:move 7,8") << strTold;
+    }
+}
+
 TEST_F(PlacementTest, WildCoordinatesStayInBounds)
 {
     CPlainWnd wndMain;

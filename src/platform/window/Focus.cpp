@@ -35,7 +35,16 @@ bool HoldsWindow(HWND hOuter, HWND hInner)
     return pOuter && pInner && IsSelfOrAncestor(*pOuter, *pInner);
 }
 
-// The nearest ancestor that may take the focus; of a top-level window its owner.
+// The topmost other top-level window that can be seen.
+HWND OtherTopLevel(const WindowRecord& record)
+{
+    const WindowRecord* pEach = Desktop().pFirst;
+    while (pEach && (pEach == &record || !pEach->IsShown() || pEach->bDying))
+        pEach = pEach->pBelow;
+    return pEach ? pEach->Handle() : nullptr;
+}
+
+// The nearest ancestor that may take the focus; of a top-level window its owner, or another one.
 HWND HeirOf(HWND hWnd)
 {
     const WindowRecord* pRecord = FindWindowRecord(hWnd);
@@ -44,6 +53,8 @@ HWND HeirOf(HWND hWnd)
     const WindowRecord* pHeir = pRecord->pParent;
     if (pHeir == &Desktop())
         pHeir = FindWindowRecord(pRecord->hOwner);
+    if (!pHeir)
+        return OtherTopLevel(*pRecord);
     return pHeir && !IsInDyingTree(*pHeir) ? pHeir->Handle() : nullptr;
 }
 
@@ -55,10 +66,15 @@ void LeaveFocus(HWND hWnd)
         SetFocus(HeirOf(hWnd));
 }
 
-void LeaveInput(HWND hWnd)
+void LeaveCapture(HWND hWnd)
 {
     if (HoldsWindow(hWnd, g_hCapture))
         ReleaseCapture();
+}
+
+void LeaveInput(HWND hWnd)
+{
+    LeaveCapture(hWnd);
     if (HoldsWindow(hWnd, g_hActive))
         SetActiveWindow(HeirOf(hWnd));
     LeaveFocus(hWnd);

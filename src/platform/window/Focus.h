@@ -7,6 +7,7 @@ namespace splitframe {
 
 /// A window is about to be destroyed, or hidden: what it or a window in it holds moves on while all of them
 /// live.
+void LeaveCapture(HWND hWnd);
 void LeaveInput(HWND hWnd);
 void LeaveFocus(HWND hWnd);
 /// A window is gone: nothing may name it any more.

@@ -164,7 +164,7 @@ bool FromKey(const InputEvent& event, MSG& msg)
     const bool bAltBefore = IsDown(VK_MENU);
     const bool bWasDown = IsDown(event.nKey) || event.bRepeat;
     State().keys[event.nKey] = bDown;
-    const bool bSystem = bAltBefore || IsDown(VK_MENU) || event.nKey == VK_F10;
+    const bool bSystem = bAltBefore || IsDown(VK_MENU); // F10 alone is a key that panes hand on
     const HWND hTarget = GetFocus() ? GetFocus() : GetActiveWindow();
     if (!hTarget)
         return false;

@@ -76,8 +76,7 @@ bool Introduce(HWND hWnd, CREATESTRUCT& cs)
         DestroyWindow(hWnd);
         return false;
     }
-    if (const WindowRecord* pRecord = FindWindowRecord(hWnd))
-        SendPlace(hWnd, pRecord->rc, true, true);
+    SendPlace(hWnd, true, true);
     return IsWindow(hWnd) != FALSE;
 }
 

@@ -10,7 +10,8 @@ namespace splitframe {
 /// Tells the ancestors that a mark waits below them.
 inline void TellAncestors(WindowRecord& record)
 {
-    for (WindowRecord* pEach = record.pParent; pEach && !pEach->bBelow; pEach = pEach->pParent)
+    // All of them: one that was covered or hidden at the last painting may have the flag left over.
+    for (WindowRecord* pEach = record.pParent; pEach; pEach = pEach->pParent)
         pEach->bBelow = true;
 }
 

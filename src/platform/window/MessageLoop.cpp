@@ -26,7 +26,6 @@ struct LoopState
 {
     std::optional<int> exitCode;
     std::optional<ULONGLONG> burstSince; // the time of the first of the posted messages taken in a row
-    bool bOthersTurn = false;
     PreTranslateFilter pfnFilter = nullptr;
 };
 
@@ -45,14 +44,17 @@ bool TakePosted(MSG& msg, bool bRemove)
     msg.pt = PointerPosition();
     if (!State().burstSince)
         State().burstSince = nNow;
-    State().bOthersTurn = nNow - *State().burstSince >= LONGEST_BURST;
     return true;
+}
+
+bool IsOthersTurn()
+{
+    return State().burstSince && CurrentDisplay().Now() - *State().burstSince >= LONGEST_BURST;
 }
 
 void EndBurst()
 {
     State().burstSince.reset();
-    State().bOthersTurn = false;
 }
 
 enum class Next
@@ -64,7 +66,7 @@ enum class Next
 
 Next TakeNext(MSG& msg, bool bRemove)
 {
-    if (State().bOthersTurn) {
+    if (IsOthersTurn()) {
         if (TakeInput(msg, bRemove))
             return Next::Message;
         PaintNow();

@@ -64,17 +64,18 @@ bool SendShow(HWND hWnd, bool bShow)
 
 } // namespace
 
-bool SendPlace(HWND hWnd, const RECT& rc, bool bMoved, bool bSized)
+bool SendPlace(HWND hWnd, bool bMoved, bool bSized)
 {
     if (bMoved) {
         if (WindowRecord* pRecord = FindWindowRecord(hWnd))
-            Dispatcher::Send(*pRecord, WM_MOVE, 0, MAKELPARAM(rc.left, rc.top));
+            Dispatcher::Send(*pRecord, WM_MOVE, 0, MAKELPARAM(pRecord->rc.left, pRecord->rc.top));
     }
     WindowRecord* pRecord = FindWindowRecord(hWnd);
     if (bSized && pRecord) {
         const UINT nType = (pRecord->dwStyle & WS_MAXIMIZE) != 0   ? SIZE_MAXIMIZED
                            : (pRecord->dwStyle & WS_MINIMIZE) != 0 ? SIZE_MINIMIZED
                                                                    : SIZE_RESTORED;
+        const RECT& rc = pRecord->rc;
         Dispatcher::Send(*pRecord, WM_SIZE, nType, MAKELPARAM(rc.right - rc.left, rc.bottom - rc.top));
     }
     return FindWindowRecord(hWnd) != nullptr;
@@ -134,11 +135,13 @@ BOOL SetWindowPos(HWND hWnd, HWND hInsertAfter, int x, int y, int cx, int cy, UI
         record.dwStyle &= ~WS_VISIBLE;
     if ((nFlags & SWP_NOREDRAW) == 0)
         MarkChange(record, rcBefore, change);
+    if (change.bHidden)
+        LeaveCapture(hWnd);
     if ((change.bShown || change.bHidden) && !SendShow(hWnd, change.bShown))
         return FALSE;
     if (!change.bMoved && !change.bSized)
         return TRUE;
-    return SendPlace(hWnd, rc, change.bMoved, change.bSized) ? TRUE : FALSE;
+    return SendPlace(hWnd, change.bMoved, change.bSized) ? TRUE : FALSE;
 }
 
 BOOL MoveWindow(HWND hWnd, int x, int y, int cx, int cy, BOOL bRepaint)

@@ -21,8 +21,9 @@ constexpr RECT LegalRect(int x, int y, int cx, int cy)
     return {x, y, x + (cx < 0 ? 0 : LegalCoordinate(cx)), y + (cy < 0 ? 0 : LegalCoordinate(cy))};
 }
 
-/// Sends WM_MOVE and WM_SIZE as asked. @return whether the window is still there
-bool SendPlace(HWND hWnd, const RECT& rc, bool bMoved, bool bSized);
+/// Sends WM_MOVE and WM_SIZE as asked, with the place and size that hold when each is sent.
+/// @return whether the window is still there
+bool SendPlace(HWND hWnd, bool bMoved, bool bSized);
 
 /// Hides a window without telling anybody.
 void HideQuietly(WindowRecord& record);
