@@ -127,7 +127,7 @@ bool CViewerApp::WritePictures(const std::vector<int>& frames)
         return false;
     }
     if (!m_options.bAll)
-        choices.resize(1);
+        choices.erase(choices.begin() + 1, choices.end());
     const auto place = viewer::PreparePlace(m_options, m_messages);
     return place && viewer::Pictures(*m_pFrame, m_messages, *place, m_options.size).Write(choices);
 }
