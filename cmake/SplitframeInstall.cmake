@@ -21,7 +21,7 @@ install(FILES ${PROJECT_BINARY_DIR}/SplitframeConfig.cmake ${PROJECT_BINARY_DIR}
 
 set(splitframe_private_requires)
 if(NOT BUILD_SHARED_LIBS)
-    set(splitframe_private_requires "Requires.private: pangocairo")
+    set(splitframe_private_requires "Requires.private: pangocairo sdl2 pugixml")
     set(splitframe_pc_cflags " -DSPLITFRAME_STATIC")
 endif()
 # Found from where the file stands, so that an installed tree can be moved.

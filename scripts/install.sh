@@ -1,8 +1,8 @@
 # Sourced by run and test: installs the Debian packages that are missing.
 
-packages_build="g++ cmake make ninja-build pkg-config libcairo2-dev libpango1.0-dev fonts-dejavu-core fonts-wqy-microhei"
-packages_tests="libgtest-dev"
-packages_bench="libbenchmark-dev libpugixml-dev libtinyxml2-dev"
+packages_build="g++ cmake make ninja-build pkg-config libcairo2-dev libpango1.0-dev libsdl2-dev libpugixml-dev fonts-dejavu-core fonts-wqy-microhei"
+packages_tests="libgtest-dev xvfb libx11-dev libxtst-dev libxfixes-dev"
+packages_bench="libbenchmark-dev libtinyxml2-dev"
 packages_tidy="clang clang-tidy clang-format"
 
 # install_packages SET...: each SET names one of the lists above.

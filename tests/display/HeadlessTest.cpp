@@ -5,7 +5,11 @@
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <optional>
+#include <string>
 #include <thread>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -68,23 +72,61 @@ TEST(HeadlessTest, OddSizesAndScales)
     EXPECT_NE(display.WritePng("/no/such/directory/x.png"), "");
 }
 
-TEST(DisplayChoiceTest, ByName)
+// Sets environment variables for as long as it lives.
+class Environment
+{
+public:
+    Environment(const std::vector<std::pair<const char*, const char*>>& values)
+    {
+        for (const auto& [pszName, pszValue] : values) {
+            const char* pszBefore = std::getenv(pszName);
+            m_before.emplace_back(pszName, pszBefore ? std::optional<std::string>(pszBefore) : std::nullopt);
+            setenv(pszName, pszValue, 1);
+        }
+    }
+    ~Environment()
+    {
+        for (const auto& [strName, strValue] : m_before)
+            strValue ? setenv(strName.c_str(), strValue->c_str(), 1) : unsetenv(strName.c_str());
+    }
+
+private:
+    std::vector<std::pair<std::string, std::optional<std::string>>> m_before;
+};
+
+TEST(DisplayChoiceTest, ByEnvironment)
 {
     struct Case
     {
         const char* name;
+        const char* screen;
+        const char* scale;
         bool bUsable;
+        double dScale;
+        bool bTold; // on standard error
     };
-    const Case cases[] = {{"headless", true}, {"", true}, {"sdl", false}, {"teletype", false}};
+    const char* const DEAD = ":7654321";
+    const Case cases[] = {
+        {"headless", DEAD, "", true, 1.0, false},    {"", "", "", true, 1.0, false},
+        {"", DEAD, "1.25", true, 1.25, true},        {"sdl", DEAD, "", false, 1.0, false},
+        {"sdl", "", "", false, 1.0, false},          {"teletype", "", "", false, 1.0, false},
+        {"headless", "", "2", true, 2.0, false},     {"headless", "", "9", false, 1.0, false},
+        {"headless", "", "1.5x", false, 1.0, false}, {"headless", "", "nan", false, 1.0, false},
+    };
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+        SCOPED_TRACE(testing::Message() << c.name << ' ' << c.screen << ' ' << c.scale);
+        const Environment environment({{"SPLITFRAME_DISPLAY", c.name},
+                                       {"SPLITFRAME_SCALE", c.scale},
+                                       {"DISPLAY", c.screen},
+                                       {"WAYLAND_DISPLAY", ""}});
         SetDisplay(nullptr);
-        setenv("SPLITFRAME_DISPLAY", c.name, 1);
+        testing::internal::CaptureStderr();
         EXPECT_EQ(OpenDisplay().IsEmpty(), c.bUsable);
         EXPECT_EQ(IsDisplayUsable(), c.bUsable);
         EXPECT_GT(CurrentDisplay().Size().cx, 0) << "clock and queue work in any case";
+        EXPECT_EQ(CurrentDisplay().Scale(), c.dScale);
+        EXPECT_EQ(!testing::internal::GetCapturedStderr().empty(), c.bTold);
     }
-    unsetenv("SPLITFRAME_DISPLAY");
     SetDisplay(nullptr);
 }
 

@@ -38,13 +38,14 @@ protected:
         return rc;
     }
 
-    void ClickTab(int nTab)
+    void Click(CRect rc, UINT nButton = VK_LBUTTON)
     {
-        CRect rc = Strip().GetTabRect(nTab);
         Strip().ClientToScreen(&rc);
-        splitframe::CurrentHeadless()->Click((rc.left + rc.right) / 2, (rc.top + rc.bottom) / 2);
+        const CPoint pt = rc.CenterPoint();
+        splitframe::CurrentHeadless()->Click(pt.x, pt.y, nButton);
         splitframe::DrainMessages();
     }
+    void ClickTab(int nTab, UINT nButton = VK_LBUTTON) { Click(Strip().GetTabRect(nTab), nButton); }
 };
 
 TEST_F(Bars, TakeRoomOnlyWhenTheyShowSomething)
@@ -154,6 +155,64 @@ TEST_F(Bars, TabsShareTheRoomAndLongTitlesGiveWayFirst)
         for (int n = 0; n < Strip().GetTabCount(); ++n)
             EXPECT_LE(Strip().GetTabRect(n).right, std::max(nWidth, 8));
     }
+}
+
+TEST_F(Bars, MarksAndTheMiddleButtonCloseFramesThatAgree)
+{
+    auto* pRefusing = static_cast<host::Document*>(Open("A")->GetActiveDocument());
+    Open("B");
+    Open("C");
+    Click(Strip().GetCloseRect(1));
+    EXPECT_EQ(Tabs(), "A [C]") << "without a switch to the one that closes";
+    ClickTab(1, VK_MBUTTON);
+    EXPECT_EQ(Tabs(), "[A]");
+    pRefusing->m_bMayClose = FALSE;
+    Click(Strip().GetCloseRect(0));
+    ClickTab(0, VK_MBUTTON);
+    EXPECT_EQ(Tabs(), "[A]");
+    pRefusing->m_bMayClose = TRUE;
+    auto& screen = *splitframe::CurrentHeadless();
+    Click(CRect(300, 10, 310, 20), VK_MBUTTON); // beside the tabs
+    CRect rcMark = Strip().GetCloseRect(0);
+    Strip().ClientToScreen(&rcMark);
+    screen.MoveMouse(rcMark.left + 5, rcMark.top + 5);
+    screen.PressButton(VK_LBUTTON);
+    screen.MoveMouse(300, 300);
+    screen.ReleaseButton(VK_LBUTTON);
+    splitframe::DrainMessages();
+    EXPECT_EQ(Tabs(), "[A]") << "the press was taken back";
+    m_recorder.hooks["A.CloseDocument"] = [this] { m_pMain->DestroyWindow(); };
+    Click(Strip().GetCloseRect(0));
+    EXPECT_EQ(m_app.m_pMainWnd, nullptr);
+}
+
+TEST_F(Bars, ManyTabsScroll)
+{
+    for (int n = 0; n < 30; ++n)
+        Open("frame " + std::to_string(n));
+    const auto seen = [this](int nTab) { return !Strip().GetTabRect(nTab).IsRectEmpty(); };
+    EXPECT_TRUE(seen(29) && !seen(0)) << "the active tab is in sight";
+    EXPECT_GE(Strip().GetTabRect(29).Width(), 80);
+    for (int n = 0; n < 40; ++n)
+        Click(Strip().GetArrowRect(-1));
+    EXPECT_TRUE(seen(0) && !seen(29)) << "scrolling switches nothing";
+    EXPECT_EQ(Strip().GetActiveTab(), 29);
+    for (int n = 0; n < 100; ++n)
+        splitframe::CurrentHeadless()->TurnWheel(-WHEEL_DELTA);
+    splitframe::DrainMessages();
+    EXPECT_TRUE(seen(29) && !seen(0));
+    m_pMain->MDINext();
+    EXPECT_EQ(Strip().GetActiveTab(), 0);
+    EXPECT_TRUE(seen(0));
+    ClickTab(3);
+    EXPECT_EQ(Strip().GetActiveTab(), 3);
+    for (const CRect& rc : {Strip().GetArrowRect(-1), Strip().GetArrowRect(1)})
+        EXPECT_EQ(Strip().HitTest(rc.CenterPoint()), -1);
+    for (int n = 0; n < 25; ++n)
+        ClickTab(Strip().GetActiveTab(), VK_MBUTTON);
+    EXPECT_EQ(Strip().GetTabCount(), 5);
+    EXPECT_TRUE(Strip().GetArrowRect(1).IsRectEmpty()) << "room for all";
+    EXPECT_TRUE(seen(0) && seen(4));
 }
 
 TEST_F(Bars, SwitchingPaintsTheTwoTabsOnly)

@@ -113,6 +113,50 @@ TEST_F(Closing, TheMainFrameClosesItsChildrenFirstAndOneRefusalKeepsIt)
     EXPECT_EQ(m_recorder.nMains, 0);
 }
 
+TEST_F(Closing, WhicheverFrameRefusesTheMainFrameStays)
+{
+    const std::pair<const char*, const char*> cases[] = {{"A", "CBA"}, {"B", "CB"}, {"C", "C"}};
+    for (const auto& [refusing, left] : cases) {
+        SCOPED_TRACE(refusing);
+        std::map<std::string, Document*> documents;
+        for (const char* label : {"A", "B", "C"})
+            documents[label] = static_cast<Document*>(Open(label)->GetActiveDocument());
+        documents[refusing]->m_bMayClose = FALSE;
+        CloseMain();
+        EXPECT_EQ(Stack(), left);
+        EXPECT_NE(m_app.m_pMainWnd, nullptr);
+        documents[refusing]->m_bMayClose = TRUE;
+        SendToAll(WM_CLOSE);
+    }
+}
+
+TEST_F(Closing, CtrlF4ClosesTheActiveChildOnceAPress)
+{
+    auto& screen = *splitframe::CurrentHeadless();
+    for (const char* label : {"A", "B", "C"})
+        Open(label);
+    screen.PressKey(VK_CONTROL);
+    screen.PressKey(VK_F4);
+    screen.PressKey(VK_F4, true); // the key repeats
+    splitframe::DrainMessages();
+    EXPECT_EQ(Stack(), "BA");
+    m_pMain->EnableWindow(FALSE); // something modal is open
+    screen.ReleaseKey(VK_F4);
+    screen.PressKey(VK_F4);
+    screen.PressKey(VK_TAB);
+    splitframe::DrainMessages();
+    EXPECT_EQ(Stack(), "BA");
+    m_pMain->EnableWindow(TRUE);
+    for (int n = 0; n < 3; ++n) {
+        screen.ReleaseKey(VK_F4);
+        screen.PressKey(VK_F4);
+    }
+    splitframe::DrainMessages();
+    EXPECT_EQ(Stack(), "main");
+    screen.ReleaseKey(VK_CONTROL);
+    splitframe::DrainMessages();
+}
+
 TEST_F(Closing, DestroyingTheMainFrameSwitchesNothing)
 {
     Open("A");

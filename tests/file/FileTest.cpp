@@ -1,26 +1,21 @@
 // Files: opening, reading, writing, and telling why not.
 #include "platform/file/File.h"
 
-#include <filesystem>
+#include "platform/file/MemFile.h"
+#include "platform/file/ReplacementFile.h"
+#include "support/CauseOf.h"
+#include "support/TempFolder.h"
+
 #include <functional>
 #include <gtest/gtest.h>
 #include <string>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
-class File : public testing::Test
+class File : public testing::Test, public test::TempFolder
 {
-protected:
-    File()
-    {
-        std::string name = std::filesystem::temp_directory_path() / "splitframe-file-XXXXXX";
-        m_directory = mkdtemp(name.data());
-    }
-    ~File() override { std::filesystem::remove_all(m_directory); }
-    CString Path(const char* name) const { return CString((m_directory / name).c_str()); }
-
-    std::filesystem::path m_directory;
 };
 
 TEST_F(File, WritesAndReadsBack)
@@ -53,7 +48,7 @@ TEST_F(File, WritesAndReadsBack)
 
 TEST_F(File, TellsWhyItIsNotOpened)
 {
-    mkfifo((m_directory / "pipe").c_str(), 0600);
+    mkfifo((m_folder / "pipe").c_str(), 0600);
     struct Case
     {
         CString strPath;
@@ -83,17 +78,9 @@ TEST_F(File, TellsWhyItIsNotOpened)
     EXPECT_EQ(pipe.Read(&byte, 1), 0U);
 }
 
-// The cause of the file exception that the work raises, or -1 for none.
 int CauseOf(const std::function<void()>& work)
 {
-    try {
-        work();
-    } catch (CFileException* pException) {
-        const int cause = pException->m_cause;
-        pException->Delete();
-        return cause;
-    }
-    return -1;
+    return test::CauseOf<CFileException>(work);
 }
 
 TEST_F(File, RaisesTheFileException)
@@ -105,6 +92,77 @@ TEST_F(File, RaisesTheFileException)
     EXPECT_EQ(CauseOf([&] { file.Read(&byte, 1); }), CFileException::invalidFile);
     ASSERT_TRUE(file.Open(Path("new"), CFile::modeCreate | CFile::modeWrite));
     EXPECT_NE(CauseOf([&] { file.Read(&byte, 1); }), -1); // opened for writing only
+    EXPECT_EQ(CauseOf([&] { file.Seek(-1, CFile::begin); }), CFileException::badSeek);
+    CMemFile memory;
+    EXPECT_EQ(CauseOf([&] { memory.Seek(-1, CFile::end); }), CFileException::badSeek);
+    CMemFile fixed(reinterpret_cast<const BYTE*>("abc"), 3);
+    EXPECT_EQ(CauseOf([&] { fixed.Write("x", 1); }), CFileException::accessDenied);
+}
+
+// One script of writes and seeks gives the same bytes and places in memory and on the disk.
+TEST_F(File, MemoryBehavesLikeTheDisk)
+{
+    CFile disk;
+    ASSERT_TRUE(disk.Open(Path("disk"), CFile::modeCreate | CFile::modeReadWrite));
+    CMemFile memory;
+    std::string told[2];
+    CFile* files[] = {&disk, &memory};
+    for (int i = 0; i < 2; ++i) {
+        CFile& file = *files[i];
+        const auto note = [&](ULONGLONG n) { told[i] += std::to_string(n) + " "; };
+        file.Write("hello world", 11);
+        note(file.Seek(-5, CFile::current));
+        file.Write("W", 1);
+        note(file.Seek(4, CFile::end)); // behind the end: the gap is filled when something is written there
+        char bytes[32] = {};
+        note(file.Read(bytes, 8));
+        note(file.GetLength());
+        file.Write("!", 1);
+        note(file.GetLength());
+        file.SeekToBegin();
+        note(file.Read(bytes, sizeof(bytes)));
+        told[i].append(bytes, sizeof(bytes));
+    }
+    EXPECT_EQ(told[0], told[1]);
+    EXPECT_EQ(told[1].substr(0, told[1].find('h')), "6 15 0 11 16 16 ");
+}
+
+TEST_F(File, IsReplacedWholeOrNotAtAll)
+{
+    Write("old", "old");
+    chmod((m_folder / "old").c_str(), 0640);
+    std::filesystem::create_symlink("old", m_folder / "link");
+    {
+        CReplacementFile file;
+        ASSERT_TRUE(file.Open(Path("link")));
+        file.Write("half", 4);
+    } // never committed
+    EXPECT_EQ(Read("old"), "old");
+    {
+        CReplacementFile file;
+        ASSERT_TRUE(file.Open(Path("link")));
+        file.Write("brand new", 9);
+        EXPECT_EQ(Read("old"), "old");
+        file.Commit();
+        EXPECT_EQ(CauseOf([&] { file.Commit(); }), CFileException::invalidFile);
+    }
+    EXPECT_EQ(Read("old"), "brand new");
+    EXPECT_TRUE(std::filesystem::is_symlink(m_folder / "link"));
+    EXPECT_EQ(static_cast<int>(std::filesystem::status(m_folder / "old").permissions()), 0640);
+
+    CReplacementFile file;
+    CFileException exception;
+    EXPECT_FALSE(file.Open(Path("."), &exception));
+    EXPECT_EQ(exception.m_cause, CFileException::badPath);
+    EXPECT_FALSE(file.Open(Path("missing/new"), &exception));
+    EXPECT_EQ(exception.m_cause, CFileException::fileNotFound);
+    ASSERT_TRUE(file.Open(Path("fresh")));
+    std::filesystem::create_directory(m_folder / "fresh"); // meanwhile something else took the name
+    EXPECT_NE(CauseOf([&] { file.Commit(); }), -1);
+    std::filesystem::remove(m_folder / "fresh");
+    EXPECT_EQ(Names(), "link old "); // nothing is left over
+    ASSERT_TRUE(file.Open(L"/dev/full"));
+    EXPECT_EQ(CauseOf([&] { file.Write("x", 1); }), CFileException::diskFull);
 }
 
 } // namespace

@@ -203,6 +203,45 @@ TEST_F(PaintingTest, AClientContextDrawsOnlyWhatIsVisible)
     EXPECT_EQ(Pixel(60, 20), BLUE) << "the sibling above is spared";
 }
 
+// One exclusive-or line, 3 pixels wide, from one point of the screen to another.
+void DrawOnScreen(POINT from, POINT to)
+{
+    const HDC hDC = ::GetDC(nullptr);
+    CDC& dc = *CDC::FromHandle(hDC);
+    CPen pen(PS_SOLID, 3, RGB(92, 92, 92));
+    CPen* pOld = dc.SelectObject(&pen);
+    dc.SetROP2(R2_XORPEN);
+    dc.MoveTo(from);
+    dc.LineTo(to);
+    dc.SelectObject(pOld);
+    EXPECT_EQ(::ReleaseDC(nullptr, hDC), 1);
+    EXPECT_EQ(::ReleaseDC(nullptr, hDC), 0);
+}
+
+TEST_F(PaintingTest, ALineOverTheScreenLeavesNothingBehind)
+{
+    const COLORREF colBefore = Pixel(20, 50);
+    DrawOnScreen({20, 0}, {20, 200});
+    Drain();
+    EXPECT_EQ(Pixel(20, 50), colBefore ^ RGB(92, 92, 92));
+    EXPECT_EQ(Screen().LastPresented().Bounds().right - Screen().LastPresented().Bounds().left, 3);
+    m_a.m_color = RGB(9, 8, 7);
+    m_a.Invalidate();
+    Drain();
+    EXPECT_EQ(Pixel(20, 50), RGB(9, 8, 7) ^ RGB(92, 92, 92)) << "stays above what is painted beneath";
+    DrawOnScreen({0, 50}, {200, 50});
+    Drain();
+    EXPECT_EQ(Pixel(20, 50), RGB(9, 8, 7)) << "where two cross";
+    Screen().Resize(250, 250);
+    Drain();
+    EXPECT_EQ(Pixel(20, 60), RGB(9, 8, 7) ^ RGB(92, 92, 92));
+    DrawOnScreen({20, 0}, {20, 200});
+    DrawOnScreen({0, 50}, {200, 50});
+    Drain();
+    for (const CPoint pt : {CPoint(20, 50), CPoint(20, 60), CPoint(60, 50), CPoint(19, 50)})
+        EXPECT_EQ(Pixel(pt.x, pt.y), RGB(9, 8, 7));
+}
+
 TEST_F(PaintingTest, AContextMayBeKeptWhileTheDisplayChangesItsSize)
 {
     CClientDC dcKept(&m_a);

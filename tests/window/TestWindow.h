@@ -7,6 +7,7 @@
 #include "platform/window/PaintDC.h"
 #include "platform/window/Wnd.h"
 
+#include <deque>
 #include <functional>
 #include <gtest/gtest.h>
 #include <map>
@@ -74,6 +75,24 @@ class CPlainWnd : public CWnd
 {
 public:
     bool Open(CWnd* pParent, const RECT& rc, DWORD dwStyle = WS_VISIBLE);
+};
+
+/// Runs the next step of a script whenever the program waits for the user. That is how tests look into the
+/// loops of context menus, which come back only when the menu is closed.
+class ScriptedDisplay : public splitframe::HeadlessDisplay
+{
+public:
+    ScriptedDisplay() : HeadlessDisplay(400, 300) { SetClock(1000); }
+    bool Wait(DWORD nMilliseconds) override
+    {
+        if (script.empty())
+            return HeadlessDisplay::Wait(nMilliseconds);
+        const std::function<void()> step = std::move(script.front());
+        script.pop_front();
+        step();
+        return true;
+    }
+    std::deque<std::function<void()>> script;
 };
 
 /// A fresh display of 400 by 300 pixels, a set clock, a log; unexpected diagnostics fail the test.

@@ -7,6 +7,7 @@ IMPLEMENT_DYNAMIC(CException, CObject)
 IMPLEMENT_DYNAMIC(CInvalidArgException, CException)
 IMPLEMENT_DYNAMIC(CMemoryException, CException)
 IMPLEMENT_DYNAMIC(CFileException, CException)
+IMPLEMENT_DYNAMIC(CArchiveException, CException)
 
 CException::~CException() = default;
 
@@ -61,12 +62,14 @@ static const wchar_t* TextOfCause(int cause)
     }
 }
 
+static CString WithFileName(const CString& strFileName, const wchar_t* pszText)
+{
+    return strFileName.IsEmpty() ? CString(pszText) : strFileName + L": " + pszText;
+}
+
 CString CFileException::GetErrorMessage() const
 {
-    CString str = TextOfCause(m_cause);
-    if (!m_strFileName.IsEmpty())
-        str = m_strFileName + L": " + str;
-    return str;
+    return WithFileName(m_strFileName, TextOfCause(m_cause));
 }
 
 int CFileException::OsErrorToException(LONG lOsError)
@@ -103,6 +106,32 @@ int CFileException::OsErrorToException(LONG lOsError)
     }
 }
 
+CArchiveException::CArchiveException(int cause, const wchar_t* pszFileName)
+    : m_cause(cause), m_strFileName(pszFileName)
+{
+}
+
+static const wchar_t* TextOfArchiveCause(int cause)
+{
+    switch (cause) {
+    case CArchiveException::none:
+        return L"No error";
+    case CArchiveException::readOnly:
+        return L"The archive can only be read";
+    case CArchiveException::endOfFile:
+        return L"The archive ends too early";
+    case CArchiveException::writeOnly:
+        return L"The archive can only be written";
+    default:
+        return L"The archive is damaged";
+    }
+}
+
+CString CArchiveException::GetErrorMessage() const
+{
+    return WithFileName(m_strFileName, TextOfArchiveCause(m_cause));
+}
+
 void AfxThrowInvalidArgException()
 {
     static CInvalidArgException exception;
@@ -118,4 +147,9 @@ void AfxThrowMemoryException()
 void AfxThrowFileException(int cause, LONG lOsError, const wchar_t* pszFileName)
 {
     throw new CFileException(cause, lOsError, pszFileName);
+}
+
+void AfxThrowArchiveException(int cause, const wchar_t* pszFileName)
+{
+    throw new CArchiveException(cause, pszFileName);
 }

@@ -85,7 +85,33 @@ public:
     CString m_strFileName; // empty when unknown
 };
 
+/// An archive was used against its direction, or ended too early.
+class SPLITFRAME_PLATFORM_API CArchiveException : public CException
+{
+    DECLARE_DYNAMIC(CArchiveException)
+
+public:
+    enum Cause
+    {
+        none = 0,
+        genericException = 1,
+        readOnly = 2,  // written to, but made for loading
+        endOfFile = 3, // what was asked for is not there
+        writeOnly = 4, // read from, but made for storing
+        badIndex = 5,
+        badClass = 6,
+        badSchema = 7
+    };
+    explicit CArchiveException(int cause = none, const wchar_t* pszFileName = nullptr);
+    CString GetErrorMessage() const override;
+
+    int m_cause;
+    CString m_strFileName; // empty when unknown
+};
+
 [[noreturn]] SPLITFRAME_PLATFORM_API void AfxThrowInvalidArgException();
 [[noreturn]] SPLITFRAME_PLATFORM_API void AfxThrowMemoryException();
 [[noreturn]] SPLITFRAME_PLATFORM_API void AfxThrowFileException(int cause, LONG lOsError = 0,
                                                                 const wchar_t* pszFileName = nullptr);
+[[noreturn]] SPLITFRAME_PLATFORM_API void AfxThrowArchiveException(int cause,
+                                                                   const wchar_t* pszFileName = nullptr);

@@ -53,6 +53,8 @@ CRuntimeClass* CObject::GetRuntimeClass() const
     return &classCObject;
 }
 
+void CObject::Serialize(CArchive& /*ar*/) {}
+
 bool CObject::IsKindOf(const CRuntimeClass* pClass) const
 {
     return GetRuntimeClass()->IsDerivedFrom(pClass);

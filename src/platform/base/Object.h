@@ -12,6 +12,7 @@
 
 #include <cstddef>
 
+class CArchive;
 class CObject;
 
 /// The record of one class. Lives as long as the module that holds the class.
@@ -64,6 +65,10 @@ public:
     static CRuntimeClass* GetThisClass();
     /// Whether the object's class is pClass or derives from it.
     bool IsKindOf(const CRuntimeClass* pClass) const;
+
+    /// Writes the object to an archive or reads it from one, whichever the archive is for. The base's version
+    /// does nothing.
+    virtual void Serialize(CArchive& ar);
 
     static CRuntimeClass classCObject;
 

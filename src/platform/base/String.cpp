@@ -9,6 +9,7 @@
 #include <cwchar>
 #include <limits>
 #include <new>
+#include <sys/mman.h>
 
 using namespace splitframe;
 
@@ -47,6 +48,17 @@ int Order(wchar_t a, wchar_t b)
     return a == b ? 0 : static_cast<char32_t>(a) < static_cast<char32_t>(b) ? -1 : 1;
 }
 
+// Long text is read and written from end to end: with pages of 2 MB instead of 4 KB that takes a fraction of
+// the page faults and of the address look-ups.
+void PreferLargePages(void* p, std::size_t nBytes)
+{
+    constexpr std::uintptr_t PAGE = std::uintptr_t{1} << 21;
+    const std::uintptr_t nFrom = (reinterpret_cast<std::uintptr_t>(p) + PAGE - 1) & ~(PAGE - 1);
+    const std::uintptr_t nEnd = (reinterpret_cast<std::uintptr_t>(p) + nBytes) & ~(PAGE - 1);
+    if (nFrom < nEnd)
+        madvise(reinterpret_cast<void*>(nFrom), nEnd - nFrom, MADV_HUGEPAGE);
+}
+
 wchar_t Same(wchar_t unit)
 {
     return unit;
@@ -77,12 +89,15 @@ template <class Map> int CompareSplit(const wchar_t* pUnits, int nLength, const 
 
 } // namespace
 
-wchar_t* CString::Allocate(int nCapacity)
+// @param pText  the memory to grow, or null for new memory
+wchar_t* CString::Allocate(wchar_t* pText, int nCapacity)
 {
-    void* pText = std::malloc((static_cast<std::size_t>(nCapacity) + 1) * sizeof(wchar_t));
-    if (!pText)
+    const std::size_t nBytes = (static_cast<std::size_t>(nCapacity) + 1) * sizeof(wchar_t);
+    void* pNew = std::realloc(pText, nBytes);
+    if (!pNew)
         AfxThrowMemoryException();
-    return static_cast<wchar_t*>(pText);
+    PreferLargePages(pNew, nBytes);
+    return static_cast<wchar_t*>(pNew);
 }
 
 void CString::Free(wchar_t* pText) noexcept
@@ -116,12 +131,29 @@ void CString::Reserve(long long nLength)
     const long long nGrown =
         m_nLength == 0 ? 0 : std::min<long long>(m_nCapacity + m_nCapacity / 2LL, 0x7FFFFFF0);
     const int nCapacity = static_cast<int>(std::max(nLength, nGrown));
-    wchar_t* pText = Allocate(nCapacity);
-    std::memcpy(pText, m_pText, (static_cast<std::size_t>(m_nLength) + 1) * sizeof(wchar_t));
-    if (m_pText != m_szShort)
-        Free(m_pText);
-    m_pText = pText;
+    if (m_pText == m_szShort || m_nLength == 0) { // the little or nothing that is there is copied by hand
+        wchar_t* pText = Allocate(nullptr, nCapacity);
+        std::memcpy(pText, m_pText, (static_cast<std::size_t>(m_nLength) + 1) * sizeof(wchar_t));
+        if (m_pText != m_szShort)
+            Free(m_pText);
+        m_pText = pText;
+    } else {
+        m_pText = Allocate(m_pText, nCapacity);
+    }
     m_nCapacity = nCapacity;
+}
+
+wchar_t* CString::OpenGap(int nIndex, int nCount, int nNewCount)
+{
+    const int nStart = std::clamp(nIndex, 0, m_nLength);
+    const int nTail = nStart + std::clamp(nCount, 0, m_nLength - nStart);
+    const int nGap = std::max(nNewCount, 0);
+    const long long nLength = static_cast<long long>(m_nLength) - (nTail - nStart) + nGap;
+    Reserve(nLength);
+    std::memmove(m_pText + nStart + nGap, m_pText + nTail,
+                 (static_cast<std::size_t>(m_nLength - nTail) + 1) * sizeof(wchar_t));
+    m_nLength = static_cast<int>(nLength);
+    return m_pText + nStart;
 }
 
 void CString::AppendUnits(const wchar_t* pUnits, int nLength)

@@ -145,6 +145,10 @@ public:
         m_nLength = nLength < 0 ? 0 : nLength < m_nCapacity ? nLength : m_nCapacity;
         m_pText[m_nLength] = 0;
     }
+    /// Replaces nCount units at nIndex by room for nNewCount others; both are clamped to the text. The text
+    /// behind moves, the text before does not.
+    /// @return where the new units are to be written, before anything else is done with the text
+    wchar_t* OpenGap(int nIndex, int nCount, int nNewCount);
     /// Makes room for nLength units, so that appending up to there does not allocate.
     void Preallocate(int nLength);
 
@@ -193,7 +197,7 @@ private:
     };
 
     CString(Units, const wchar_t* pUnits, int nLength);
-    static wchar_t* Allocate(int nCapacity);
+    static wchar_t* Allocate(wchar_t* pText, int nCapacity);
     static void Free(wchar_t* pText) noexcept;
     void Take(CString& str) noexcept;
     void Reserve(long long nLength);

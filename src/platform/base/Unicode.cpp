@@ -112,6 +112,18 @@ std::size_t CountUnits(std::string_view utf8)
     return nUnits;
 }
 
+std::size_t BytesOfUnits(std::string_view utf8, std::size_t nUnits)
+{
+    const Byte* p = reinterpret_cast<const Byte*>(utf8.data());
+    std::size_t i = 0;
+    for (std::size_t nPassed = 0; nPassed < nUnits && i < utf8.size();) {
+        const std::size_t nLength = SequenceLength(p + i, utf8.size() - i);
+        nPassed += nLength == 4 ? 2 : 1;
+        i += nLength == 0 ? 1 : nLength;
+    }
+    return i;
+}
+
 std::size_t DecodeUtf8(std::string_view utf8, wchar_t* pUnits)
 {
     const Byte* p = reinterpret_cast<const Byte*>(utf8.data());

@@ -14,6 +14,11 @@ namespace splitframe {
 /// Number of UTF-16 units that UTF-8 text makes. A byte that is not part of valid UTF-8 counts as one unit.
 SPLITFRAME_PLATFORM_API std::size_t CountUnits(std::string_view utf8);
 
+/// How many bytes the first units of UTF-8 text take. A count that ends in the middle of a character takes
+/// all of it.
+/// @return at most utf8.size()
+SPLITFRAME_PLATFORM_API std::size_t BytesOfUnits(std::string_view utf8, std::size_t nUnits);
+
 /// Writes the units of UTF-8 text; a byte that is not part of valid UTF-8 becomes the unit of the same
 /// number.
 /// @param pUnits  room for CountUnits(utf8) values (utf8.size() is always enough)

@@ -1,7 +1,11 @@
 // Which display is in use: chosen by name once, kept for the process, replaceable by tests.
 #include "platform/display/Display.h"
 #include "platform/display/Headless.h"
+#include "platform/display/InputRecord.h"
+#include "platform/display/Sdl.h"
 
+#include <charconv>
+#include <cstdio>
 #include <cstdlib>
 #include <mutex>
 #include <string_view>
@@ -32,21 +36,96 @@ Current& TheCurrent()
     return current;
 }
 
+std::string_view Environment(const char* pszName)
+{
+    const char* pszValue = std::getenv(pszName);
+    return pszValue ? pszValue : "";
+}
+
+CString Text(std::string_view text)
+{
+    return CString::FromUtf8(text);
+}
+
+// Device pixels per logical pixel; 0 for what is no such number.
+double WantedScale()
+{
+    const std::string_view text = Environment("SPLITFRAME_SCALE");
+    if (text.empty())
+        return 1.0;
+    double dScale = 0.0;
+    const auto [pStop, error] = std::from_chars(text.data(), text.data() + text.size(), dScale);
+    const bool bGood = error == std::errc() && pStop == text.data() + text.size() &&
+                       dScale >= Surface::MIN_SCALE && dScale <= Surface::MAX_SCALE;
+    return bGood ? dScale : 0.0;
+}
+
+std::unique_ptr<Display> MakeHeadless(double dScale)
+{
+    return std::make_unique<HeadlessDisplay>(Display::DEFAULT_WIDTH, Display::DEFAULT_HEIGHT, dScale);
+}
+
+// Nobody asked for a display by name: a window where there is a screen.
+std::unique_ptr<Display> MakeFittingDisplay(double dScale)
+{
+    if (Environment("DISPLAY").empty() && Environment("WAYLAND_DISPLAY").empty())
+        return MakeHeadless(dScale);
+    CString strReason;
+    if (std::unique_ptr<Display> pWindow = OpenSdlDisplay(dScale, strReason))
+        return pWindow;
+    std::fprintf(stderr, "no window on the screen, drawing in memory only: %s\n", strReason.ToUtf8().c_str());
+    return MakeHeadless(dScale);
+}
+
 std::unique_ptr<Display> MakeDisplay(CString& strReason)
 {
-    const char* pszName = std::getenv("SPLITFRAME_DISPLAY");
-    const std::string_view name = pszName ? pszName : "";
-    if (name.empty() || name == "headless")
-        return std::make_unique<HeadlessDisplay>();
-    if (name == "sdl")
+    const double dScale = WantedScale();
+    if (dScale == 0.0) {
         strReason =
-            L"SPLITFRAME_DISPLAY=sdl: this build has no window display; use SPLITFRAME_DISPLAY=headless";
-    else
-        strReason = CString(L"SPLITFRAME_DISPLAY=") + CString(pszName) + L": no such display; use headless";
-    return nullptr;
+            L"SPLITFRAME_SCALE=" + Text(Environment("SPLITFRAME_SCALE")) + L": not a number from 0.25 to 8";
+        return nullptr;
+    }
+    const std::string_view name = Environment("SPLITFRAME_DISPLAY");
+    if (name.empty())
+        return MakeFittingDisplay(dScale);
+    if (name == "headless")
+        return MakeHeadless(dScale);
+    if (name != "sdl") {
+        strReason = L"SPLITFRAME_DISPLAY=" + Text(name) + L": no such display; use sdl or headless";
+        return nullptr;
+    }
+    std::unique_ptr<Display> pDisplay = OpenSdlDisplay(dScale, strReason);
+    if (!pDisplay)
+        strReason = L"SPLITFRAME_DISPLAY=sdl: " + strReason;
+    return pDisplay;
 }
 
 } // namespace
+
+Display::Display() = default;
+Display::~Display() = default;
+
+bool Display::NextInput(InputEvent& event)
+{
+    if (!TakeInput(event))
+        return false;
+    if (m_pRecorder)
+        m_pRecorder->Note(event, Now());
+    return true;
+}
+
+CString Display::RecordInput(const std::filesystem::path& file)
+{
+    auto pRecorder = std::make_unique<InputRecorder>(file, Now());
+    InputEvent start; // a recording begins with the size that its points are meant for
+    start.kind = InputEvent::Kind::Resize;
+    start.size = Size();
+    pRecorder->Note(start, Now());
+    if (!pRecorder->IsGood())
+        return Text(file.string()) + L": cannot be written";
+    m_pRecorder = std::move(pRecorder);
+    return {};
+}
 
 CString OpenDisplay()
 {
@@ -55,9 +134,15 @@ CString OpenDisplay()
         return {};
     CString strReason;
     std::unique_ptr<Display> pDisplay = MakeDisplay(strReason);
-    if (pDisplay)
-        SetDisplay(std::move(pDisplay));
-    return strReason;
+    if (!pDisplay)
+        return strReason;
+    if (const std::string_view record = Environment("SPLITFRAME_RECORD"); !record.empty()) {
+        strReason = pDisplay->RecordInput(record);
+        if (!strReason.IsEmpty())
+            return L"SPLITFRAME_RECORD=" + strReason;
+    }
+    SetDisplay(std::move(pDisplay));
+    return {};
 }
 
 Display& CurrentDisplay()

@@ -9,6 +9,7 @@
 #include "platform/graphics/Region.h"
 #include "platform/graphics/Surface.h"
 
+#include <filesystem>
 #include <memory>
 
 namespace splitframe {
@@ -28,7 +29,10 @@ struct InputEvent
         Activate,   ///< the display's window became active
         Deactivate, ///< it is no longer
         Close,      ///< the user asks to close it
-        Resize      ///< size has changed: ask Display::Size
+        Minimize,   ///< it became an icon: nobody sees it
+        Restore,    ///< it is no longer one
+        Resize,     ///< size: what Display::Size answers from now on
+        Expose      ///< what was shown is lost: present everything again
     };
     Kind kind = Kind::MouseMove;
     POINT pt{};
@@ -37,6 +41,7 @@ struct InputEvent
     UINT nKey = 0;    ///< virtual-key code
     bool bRepeat = false;
     CString strText;
+    SIZE size{}; ///< logical pixels
 };
 
 struct MessageBoxRequest
@@ -50,8 +55,8 @@ struct MessageBoxRequest
 class SPLITFRAME_PLATFORM_API Display
 {
 public:
-    Display() = default;
-    virtual ~Display() = default;
+    Display();
+    virtual ~Display();
     Display(const Display&) = delete;
     Display& operator=(const Display&) = delete;
 
@@ -60,8 +65,13 @@ public:
     virtual double Scale() const = 0;
     /// Shows the changed part of the surface, which holds the whole display's pixels and is not kept.
     virtual void Present(const Surface& surface, const Region& damage) = 0;
+    /// Asks for another size in logical pixels. A Resize input tells what came of it.
+    virtual void Resize(int cx, int cy) = 0;
     /// Takes the oldest input that waits. @return false when none does
-    virtual bool NextInput(InputEvent& event) = 0;
+    bool NextInput(InputEvent& event);
+    /// Writes all input that is taken from now on into a file, a line each (InputRecord.h), for Headless to
+    /// repeat. @return empty, or why the file can not be written
+    CString RecordInput(const std::filesystem::path& file);
     /// Sleeps until input or a wake-up comes, at most nMilliseconds (INFINITE_WAIT: for ever).
     /// @return false when nothing can come any more, so that waiting has no sense
     virtual bool Wait(DWORD nMilliseconds) = 0;
@@ -74,13 +84,28 @@ public:
     /// Shows a system cursor by its number; 0 hides the cursor.
     virtual void ShowCursor(UINT nCursor) = 0;
     virtual void SetTitle(const CString& strTitle) = 0;
-    /// @return IDOK, IDCANCEL, IDYES or IDNO
+    /// @return the ID of a button, or 0: the display has no box of its own, the window manager shows one in
+    /// its window
     virtual int ShowMessageBox(const MessageBoxRequest& request) = 0;
 
     static constexpr DWORD INFINITE_WAIT = 0xFFFFFFFF;
+    /// Size of a display that nobody gave another, as far as the screen has room.
+    static constexpr int DEFAULT_WIDTH = 1280;
+    static constexpr int DEFAULT_HEIGHT = 800;
+
+protected:
+    virtual bool TakeInput(InputEvent& event) = 0;
+
+private:
+    std::unique_ptr<class InputRecorder> m_pRecorder;
 };
 
-/// Opens the display that SPLITFRAME_DISPLAY names ("headless"; nothing set: headless), unless one is open.
+/// Opens a display, unless one is open. The environment says which:
+/// - SPLITFRAME_DISPLAY: "sdl", a window on the screen, or "headless", pixels in memory. Not set: a window if
+///   there is a screen (DISPLAY or WAYLAND_DISPLAY); one that can not be opened is told on standard error,
+///   and the display is headless, as it is without a screen.
+/// - SPLITFRAME_SCALE: device pixels per logical pixel, 0.25 to 8; not set: 1.
+/// - SPLITFRAME_RECORD: a file that gets all input, see Display::RecordInput.
 /// @return empty, or why there is none, in words
 SPLITFRAME_PLATFORM_API CString OpenDisplay();
 

@@ -1,5 +1,6 @@
 // The headless display's pixels, input queue and clock.
 #include "platform/display/Headless.h"
+#include "platform/display/InputRecord.h"
 #include "platform/graphics/Png.h"
 #include "platform/graphics/SystemColors.h"
 #include "platform/window/Messages.h"
@@ -114,7 +115,21 @@ void HeadlessDisplay::Resize(int cx, int cy)
     m_pShown = MakeSurface(m_size, m_dScale);
     InputEvent event;
     event.kind = InputEvent::Kind::Resize;
+    event.size = m_size;
     Queue(event);
+}
+
+bool HeadlessDisplay::Repeat(std::string_view line)
+{
+    const std::optional<TimedInput> input = ReadInput(line);
+    if (!input)
+        return false;
+    SetClock(input->nTime);
+    if (input->event.kind == InputEvent::Kind::Resize)
+        Resize(input->event.size.cx, input->event.size.cy);
+    else
+        Queue(input->event);
+    return true;
 }
 
 void HeadlessDisplay::SetClock(ULONGLONG nMilliseconds)
@@ -145,7 +160,7 @@ void HeadlessDisplay::Present(const Surface& surface, const Region& damage)
         m_pShown->Copy(surface, rc, {rc.left, rc.top});
 }
 
-bool HeadlessDisplay::NextInput(InputEvent& event)
+bool HeadlessDisplay::TakeInput(InputEvent& event)
 {
     if (m_input.empty())
         return false;

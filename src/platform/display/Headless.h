@@ -11,6 +11,7 @@
 #include <mutex>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace splitframe {
@@ -18,9 +19,6 @@ namespace splitframe {
 class SPLITFRAME_PLATFORM_API HeadlessDisplay : public Display
 {
 public:
-    static constexpr int DEFAULT_WIDTH = 1280;
-    static constexpr int DEFAULT_HEIGHT = 800;
-
     explicit HeadlessDisplay(int cx = DEFAULT_WIDTH, int cy = DEFAULT_HEIGHT, double dScale = 1.0);
 
     // --- what the user does: queued like real input, handled by the message loop
@@ -37,8 +35,9 @@ public:
     void TypeText(const wchar_t* pszText);
     void Activate(bool bActive);
     void RequestClose();
-    void Resize(int cx, int cy);
     void Queue(const InputEvent& event);
+    /// Sets the clock and queues the input of one line that a display recorded. @return false: no such line
+    bool Repeat(std::string_view line);
 
     // --- the clock: real until it is set for the first time
 
@@ -58,7 +57,8 @@ public:
     const CString& Title() const { return m_strTitle; }
     /// All message boxes so far.
     const std::vector<MessageBoxRequest>& MessageBoxes() const { return m_boxes; }
-    /// Answers message boxes; without it the answer is OK or Yes.
+    /// Answers message boxes; without it the answer is OK or Yes. The answer 0 has the real box shown, for
+    /// input.
     void SetMessageBoxAnswer(std::function<int(const MessageBoxRequest&)> answer);
 
     // --- Display
@@ -66,7 +66,7 @@ public:
     SIZE Size() const override { return m_size; }
     double Scale() const override { return m_dScale; }
     void Present(const Surface& surface, const Region& damage) override;
-    bool NextInput(InputEvent& event) override;
+    void Resize(int cx, int cy) override;
     /// With a set clock: true when a wake-up or input is there, else false at once, for time does not pass.
     bool Wait(DWORD nMilliseconds) override;
     void Wake() override;
@@ -75,6 +75,9 @@ public:
     void ShowCursor(UINT nCursor) override { m_nCursor = nCursor; }
     void SetTitle(const CString& strTitle) override { m_strTitle = strTitle; }
     int ShowMessageBox(const MessageBoxRequest& request) override;
+
+protected:
+    bool TakeInput(InputEvent& event) override;
 
 private:
     SIZE m_size;

@@ -11,6 +11,7 @@ IMPLEMENT_DYNCREATE(CBCGPMDIFrameWnd, CMDIFrameWnd)
 
 BEGIN_MESSAGE_MAP(CBCGPMDIFrameWnd, CMDIFrameWnd)
 ON_WM_KEYDOWN()
+ON_MESSAGE(WM_SYSCOMMAND, &CBCGPMDIFrameWnd::OnSysCommand)
 END_MESSAGE_MAP()
 
 CBCGPMDIFrameWnd::CBCGPMDIFrameWnd() = default;
@@ -128,4 +129,11 @@ void CBCGPMDIFrameWnd::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
                            MAKELPARAM(static_cast<int>(nRepCnt), static_cast<int>(nFlags)));
     else
         CMDIFrameWnd::OnKeyDown(nChar, nRepCnt, nFlags);
+}
+
+LRESULT CBCGPMDIFrameWnd::OnSysCommand(WPARAM wParam, LPARAM lParam)
+{
+    if (wParam != SC_KEYMENU || !m_pMenuBar)
+        return Default();
+    return splitframe::TrackMenuBarByKey(m_pMenuBar->GetSafeHwnd(), static_cast<wchar_t>(lParam)) ? 1 : 0;
 }

@@ -53,6 +53,8 @@ protected:
     /// Hands Tab on to the active view, so that it moves between panes whichever window has the focus. No
     /// other key: those were offered to the view on their way here.
     void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+    /// Alt, F10 and Alt with a letter lead into the menu bar.
+    LRESULT OnSysCommand(WPARAM wParam, LPARAM lParam);
 
     DECLARE_MESSAGE_MAP()
 

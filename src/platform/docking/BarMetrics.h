@@ -1,11 +1,5 @@
-// What the bars of the main frame have in common: font, distances and colours, so that they look like one
-// thing.
+// The distances of the main frame's bars, in pixels.
 #pragma once
-
-#include "platform/base/Types.h"
-
-class CDC;
-class CString;
 
 namespace splitframe {
 
@@ -17,17 +11,11 @@ inline constexpr int TAB_STRIP_HEIGHT = 32;
 inline constexpr int TAB_STRIP_INDENT = 4;
 inline constexpr int TAB_TOP = 4;         // room above the tabs
 inline constexpr int TAB_PADDING = 14;    // room on both sides of a tab's text
-inline constexpr int TAB_MIN_WIDTH = 72;  // of a tab with a short text, while there is room
+inline constexpr int TAB_MIN_WIDTH = 80;  // narrower they get not: the strip scrolls
 inline constexpr int TAB_MAX_WIDTH = 220; // of a tab with a long text
-inline constexpr int TAB_ACCENT = 2;      // thickness of the mark on the active tab
-
-/// A colour between two others. @param nPart how much of the first, in hundredths
-COLORREF MixColors(COLORREF first, COLORREF second, int nPart);
-
-/// Selects the font of the bars.
-void SelectBarFont(CDC& dc);
-
-/// Width of a label in the bars' font, in pixels. @param nFormat DT_NOPREFIX, or 0 for a label with "&"
-int MeasureLabel(const CString& strLabel, UINT nFormat);
+inline constexpr int TAB_CLOSE_SIZE = 16; // of the close mark
+inline constexpr int TAB_CLOSE_GAP = 6;   // between the mark and the tab's edge
+inline constexpr int TAB_ARROW_WIDTH = 24;
+inline constexpr int TAB_ACCENT = 2; // thickness of the mark on the active tab
 
 } // namespace splitframe

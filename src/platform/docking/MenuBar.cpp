@@ -1,12 +1,11 @@
-// Painting and placing of the menu bar's items.
+// Painting and placing of the menu bar's items, and their part in menu tracking.
 #include "platform/docking/MenuBar.h"
 
 #include "platform/docking/BarMetrics.h"
 #include "platform/graphics/SystemColors.h"
+#include "platform/window/Look.h"
 #include "platform/window/Menu.h"
 #include "platform/window/PaintDC.h"
-
-#include <algorithm>
 
 namespace splitframe {
 
@@ -15,6 +14,7 @@ IMPLEMENT_DYNAMIC(CMenuBar, CWnd)
 BEGIN_MESSAGE_MAP(CMenuBar, CWnd)
 ON_WM_PAINT()
 ON_WM_ERASEBKGND()
+ON_WM_LBUTTONDOWN()
 END_MESSAGE_MAP()
 
 CMenuBar::CMenuBar() = default;
@@ -40,38 +40,46 @@ void CMenuBar::SetMenu(HMENU hMenu)
 
 void CMenuBar::Refresh()
 {
-    m_arrItem.clear();
+    m_row.cells.clear();
     int nLeft = MENU_BAR_INDENT;
     for (int nPos = 0; nPos < ::GetMenuItemCount(m_hMenu); ++nPos) {
         const UINT nPosition = static_cast<UINT>(nPos);
         const UINT nState = ::GetMenuState(m_hMenu, nPosition, MF_BYPOSITION);
         CString strLabel = ::GetMenuString(m_hMenu, nPosition, MF_BYPOSITION);
         const int cx = MeasureLabel(strLabel, 0) + 2 * MENU_ITEM_PADDING;
-        m_arrItem.push_back({std::move(strLabel), (nState & (MF_GRAYED | MF_DISABLED)) == 0,
-                             CRect(nLeft, 0, nLeft + cx, MENU_BAR_HEIGHT)});
+        m_row.cells.push_back({std::move(strLabel), (nState & (MF_GRAYED | MF_DISABLED)) == 0,
+                               CRect(nLeft, 0, nLeft + cx, MENU_BAR_HEIGHT)});
         nLeft += cx;
     }
     Invalidate();
 }
 
-CString CMenuBar::GetItemText(int nItem) const
+// --- tracking
+
+CRect CMenuBar::GetTitleRect(int nTitle) const
 {
-    const bool bInRange = nItem >= 0 && nItem < GetItemCount();
-    return bInRange ? m_arrItem[static_cast<std::size_t>(nItem)].strLabel : CString();
+    CRect rc = GetItemRect(nTitle);
+    if (!IsWindowVisible() || rc.IsRectEmpty())
+        return {};
+    ClientToScreen(&rc);
+    return rc;
 }
 
-CRect CMenuBar::GetItemRect(int nItem) const
+void CMenuBar::MarkTitle(int nTitle)
 {
-    const bool bInRange = nItem >= 0 && nItem < GetItemCount();
-    return bInRange ? m_arrItem[static_cast<std::size_t>(nItem)].rc : CRect(0, 0, 0, 0);
+    if (nTitle == m_nMarked)
+        return;
+    for (const int nItem : {m_nMarked, nTitle})
+        InvalidateRect(GetItemRect(nItem));
+    m_nMarked = nTitle;
 }
 
-int CMenuBar::HitTest(CPoint pt) const
+void CMenuBar::OnLButtonDown(UINT /*nFlags*/, CPoint pt)
 {
-    const auto found =
-        std::ranges::find_if(m_arrItem, [pt](const Item& item) { return item.rc.PtInRect(pt) != FALSE; });
-    return found == m_arrItem.end() ? -1 : static_cast<int>(found - m_arrItem.begin());
+    TrackMenuBar(GetSafeHwnd(), HitTest(pt));
 }
+
+// --- painting
 
 BOOL CMenuBar::OnEraseBkgnd(CDC* /*pDC*/)
 {
@@ -84,12 +92,19 @@ void CMenuBar::OnPaint()
     CRect rcClient;
     GetClientRect(&rcClient);
     dc.FillSolidRect(&rcClient, ::GetSysColor(COLOR_MENUBAR));
-    SelectBarFont(dc);
-    for (const Item& item : m_arrItem) {
-        CRect rc = item.rc;
-        dc.SetTextColor(::GetSysColor(item.bEnabled ? COLOR_MENUTEXT : COLOR_GRAYTEXT));
-        dc.DrawText(item.strLabel, &rc, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_HIDEPREFIX);
-    }
+    SelectLookFont(dc);
+    for (int n = 0; n < GetItemCount(); ++n)
+        DrawItem(dc, n);
+}
+
+void CMenuBar::DrawItem(CDC& dc, int nItem) const
+{
+    const Item& item = *m_row.Get(nItem);
+    CRect rc = item.rc;
+    if (nItem == m_nMarked)
+        dc.FillSolidRect(rc.left, rc.top + 2, rc.Width(), rc.Height() - 4, ::GetSysColor(COLOR_MENUHILIGHT));
+    dc.SetTextColor(::GetSysColor(item.bEnabled ? COLOR_MENUTEXT : COLOR_GRAYTEXT));
+    dc.DrawText(item.strText, &rc, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
 }
 
 } // namespace splitframe

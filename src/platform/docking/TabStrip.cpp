@@ -1,14 +1,15 @@
-// Placing, painting and clicking of the tabs.
+// Contents, placing and clicking of the tabs. Painting has a file of its own.
 #include "platform/docking/TabStrip.h"
 
 #include "platform/docking/BarMetrics.h"
 #include "platform/docview/MDIChildWnd.h"
 #include "platform/docview/MDIFrameWnd.h"
-#include "platform/graphics/SystemColors.h"
+#include "platform/graphics/DC.h"
 #include "platform/window/CallScope.h"
-#include "platform/window/PaintDC.h"
+#include "platform/window/Look.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace splitframe {
 
@@ -18,7 +19,13 @@ BEGIN_MESSAGE_MAP(CTabStrip, CWnd)
 ON_WM_PAINT()
 ON_WM_ERASEBKGND()
 ON_WM_SIZE()
+ON_WM_MOUSEMOVE()
+ON_WM_MOUSELEAVE()
 ON_WM_LBUTTONDOWN()
+ON_WM_LBUTTONUP()
+ON_WM_MBUTTONDOWN()
+ON_WM_MBUTTONUP()
+ON_WM_MOUSEWHEEL()
 END_MESSAGE_MAP()
 
 CTabStrip::CTabStrip(CMDIFrameWnd* pMainFrame) : m_pMainFrame(pMainFrame) {}
@@ -48,7 +55,7 @@ bool CTabStrip::Refresh()
     }
     const CMDIChildWnd* pActive = m_pMainFrame->MDIGetActive();
     const HWND hActive = pActive ? pActive->GetSafeHwnd() : nullptr;
-    const bool bSameTabs = std::ranges::equal(arrTab, m_arrTab, [](const Tab& a, const Tab& b) {
+    const bool bSameTabs = std::ranges::equal(arrTab, m_row.cells, [](const Tab& a, const Tab& b) {
         return a.hFrame == b.hFrame && a.strText == b.strText;
     });
     if (bSameTabs)
@@ -60,12 +67,14 @@ bool CTabStrip::Refresh()
 
 void CTabStrip::TakeOver(std::vector<Tab> arrTab, HWND hActiveFrame)
 {
-    m_arrTab = std::move(arrTab);
+    m_row.cells = std::move(arrTab);
     m_hActiveFrame = hActiveFrame;
-    for (Tab& tab : m_arrTab)
-        tab.nWantedWidth = std::clamp(MeasureLabel(tab.strText, DT_NOPREFIX) + 2 * TAB_PADDING, TAB_MIN_WIDTH,
-                                      TAB_MAX_WIDTH);
+    constexpr int nAround = 2 * TAB_PADDING + TAB_CLOSE_SIZE;
+    for (Tab& tab : m_row.cells)
+        tab.nWantedWidth =
+            std::clamp(MeasureLabel(tab.strText, DT_NOPREFIX) + nAround, TAB_MIN_WIDTH, TAB_MAX_WIDTH);
     PlaceTabs();
+    ShowActiveTab();
     Invalidate();
 }
 
@@ -73,36 +82,55 @@ void CTabStrip::MoveMark(HWND hActiveFrame)
 {
     if (hActiveFrame == m_hActiveFrame)
         return;
-    for (const Tab& tab : m_arrTab) {
-        if (tab.hFrame == m_hActiveFrame || tab.hFrame == hActiveFrame)
-            InvalidateRect(CRect(tab.rc.left - 1, tab.rc.top, tab.rc.right, tab.rc.bottom));
-    }
+    InvalidateFrame(m_hActiveFrame);
+    InvalidateFrame(hActiveFrame);
     m_hActiveFrame = hActiveFrame;
+    if (ShowActiveTab())
+        Invalidate();
 }
 
-CString CTabStrip::GetTabText(int nTab) const
+// The tab of a frame with its left neighbour's separator.
+void CTabStrip::InvalidateFrame(HWND hFrame)
 {
-    const bool bInRange = nTab >= 0 && nTab < GetTabCount();
-    return bInRange ? m_arrTab[static_cast<std::size_t>(nTab)].strText : CString();
-}
-
-CRect CTabStrip::GetTabRect(int nTab) const
-{
-    const bool bInRange = nTab >= 0 && nTab < GetTabCount();
-    return bInRange ? m_arrTab[static_cast<std::size_t>(nTab)].rc : CRect(0, 0, 0, 0);
+    const CRect rc = GetTabRect(m_row.Find([hFrame](const Tab& tab) { return tab.hFrame == hFrame; }));
+    if (!rc.IsRectEmpty())
+        InvalidateRect(CRect(rc.left - 1, rc.top, rc.right, rc.bottom));
 }
 
 int CTabStrip::GetActiveTab() const
 {
-    const auto found = std::ranges::find(m_arrTab, m_hActiveFrame, &Tab::hFrame);
-    return found == m_arrTab.end() ? -1 : static_cast<int>(found - m_arrTab.begin());
+    return m_row.Find([this](const Tab& tab) { return tab.hFrame == m_hActiveFrame; });
+}
+
+CRect CTabStrip::GetTabRect(int nTab) const
+{
+    CRect rc;
+    rc.IntersectRect(m_row.GetRect(nTab), m_rcRoom);
+    return rc;
+}
+
+CRect CTabStrip::GetCloseRect(int nTab) const
+{
+    const CRect rcTab = m_row.GetRect(nTab);
+    const int nTop = rcTab.CenterPoint().y - TAB_CLOSE_SIZE / 2;
+    const CRect rcMark(CPoint(rcTab.right - TAB_CLOSE_GAP - TAB_CLOSE_SIZE, nTop),
+                       CSize(TAB_CLOSE_SIZE, TAB_CLOSE_SIZE));
+    CRect rc;
+    rc.IntersectRect(rcMark, m_rcRoom);
+    return rc;
+}
+
+CRect CTabStrip::GetArrowRect(int nDirection) const
+{
+    if (m_nTabsWidth <= m_rcRoom.Width())
+        return {};
+    const int nLeft = m_rcRoom.right + (nDirection < 0 ? 0 : TAB_ARROW_WIDTH);
+    return {nLeft, m_rcRoom.top, nLeft + TAB_ARROW_WIDTH, m_rcRoom.bottom};
 }
 
 int CTabStrip::HitTest(CPoint pt) const
 {
-    const auto found =
-        std::ranges::find_if(m_arrTab, [pt](const Tab& tab) { return tab.rc.PtInRect(pt) != FALSE; });
-    return found == m_arrTab.end() ? -1 : static_cast<int>(found - m_arrTab.begin());
+    return m_rcRoom.PtInRect(pt) ? m_row.HitTest(pt) : -1;
 }
 
 // --- placing
@@ -111,7 +139,7 @@ int CTabStrip::HitTest(CPoint pt) const
 int CTabStrip::FindWidthLimit(int nRoom) const
 {
     std::vector<int> arrWidth;
-    for (const Tab& tab : m_arrTab)
+    for (const Tab& tab : m_row.cells)
         arrWidth.push_back(tab.nWantedWidth);
     std::ranges::sort(arrWidth);
     int nLeft = static_cast<int>(arrWidth.size());
@@ -128,75 +156,134 @@ void CTabStrip::PlaceTabs()
 {
     CRect rcClient(0, 0, 0, 0);
     GetClientRect(&rcClient);
-    const int nLimit = FindWidthLimit(std::max(0, rcClient.Width() - 2 * TAB_STRIP_INDENT));
-    int nLeft = TAB_STRIP_INDENT;
-    for (Tab& tab : m_arrTab) {
-        const int nRight = nLeft + std::min(tab.nWantedWidth, nLimit);
+    const int nWhole = std::max(0, rcClient.Width() - 2 * TAB_STRIP_INDENT);
+    const int nFitting = FindWidthLimit(nWhole);
+    const bool bScrolls = nFitting < TAB_MIN_WIDTH;
+    const int nRoom = std::max(0, bScrolls ? nWhole - 2 * TAB_ARROW_WIDTH : nWhole);
+    m_rcRoom = CRect(CPoint(TAB_STRIP_INDENT, TAB_TOP), CSize(nRoom, TAB_STRIP_HEIGHT - TAB_TOP));
+    int nLeft = TAB_STRIP_INDENT - m_nScroll;
+    for (Tab& tab : m_row.cells) {
+        const int nRight = nLeft + std::min(tab.nWantedWidth, std::max(nFitting, TAB_MIN_WIDTH));
         tab.rc = CRect(nLeft, TAB_TOP, nRight, TAB_STRIP_HEIGHT);
         nLeft = nRight;
     }
+    m_nTabsWidth = nLeft - TAB_STRIP_INDENT + m_nScroll;
+    ScrollTo(m_nScroll); // there may be less to scroll now
+}
+
+// @return whether the tabs have moved
+bool CTabStrip::ScrollTo(int nScroll)
+{
+    nScroll = std::clamp(nScroll, 0, std::max(0, m_nTabsWidth - m_rcRoom.Width()));
+    const int nShift = m_nScroll - nScroll;
+    if (nShift == 0)
+        return false;
+    m_nScroll = nScroll;
+    for (Tab& tab : m_row.cells)
+        tab.rc.OffsetRect(nShift, 0);
+    Invalidate();
+    return true;
+}
+
+bool CTabStrip::ShowActiveTab()
+{
+    const Tab* pTab = m_row.Get(GetActiveTab());
+    if (!pTab)
+        return false;
+    if (pTab->rc.left < m_rcRoom.left || pTab->rc.Width() > m_rcRoom.Width())
+        return ScrollTo(m_nScroll - (m_rcRoom.left - pTab->rc.left));
+    return pTab->rc.right > m_rcRoom.right && ScrollTo(m_nScroll + pTab->rc.right - m_rcRoom.right);
 }
 
 void CTabStrip::OnSize(UINT nType, int cx, int cy)
 {
     CWnd::OnSize(nType, cx, cy);
     PlaceTabs();
+    ShowActiveTab();
     Invalidate();
-}
-
-// --- painting
-
-BOOL CTabStrip::OnEraseBkgnd(CDC* /*pDC*/)
-{
-    return TRUE; // OnPaint covers all of it
-}
-
-void CTabStrip::OnPaint()
-{
-    CPaintDC dc(this);
-    CRect rcClient;
-    GetClientRect(&rcClient);
-    dc.FillSolidRect(&rcClient, MixColors(::GetSysColor(COLOR_BTNFACE), ::GetSysColor(COLOR_BTNSHADOW), 75));
-    dc.FillSolidRect(0, rcClient.bottom - 1, rcClient.Width(), 1, ::GetSysColor(COLOR_BTNSHADOW));
-    SelectBarFont(dc);
-    for (const Tab& tab : m_arrTab) {
-        if (dc.RectVisible(&tab.rc))
-            DrawTab(dc, tab, tab.hFrame == m_hActiveFrame);
-    }
-}
-
-// The active tab is the one that joins the frame below it: no line beneath, the colour of a page, a mark on
-// top. It covers its left neighbour's separator.
-void CTabStrip::DrawTab(CDC& dc, const Tab& tab, bool bActive) const
-{
-    if (bActive) {
-        const COLORREF edge = ::GetSysColor(COLOR_BTNSHADOW);
-        const CRect rc(tab.rc.left - 1, tab.rc.top, tab.rc.right, tab.rc.bottom);
-        dc.FillSolidRect(&rc, ::GetSysColor(COLOR_WINDOW));
-        dc.FillSolidRect(rc.left, rc.top, 1, rc.Height(), edge);
-        dc.FillSolidRect(rc.right - 1, rc.top, 1, rc.Height(), edge);
-        dc.FillSolidRect(rc.left, rc.top, rc.Width(), TAB_ACCENT, ::GetSysColor(COLOR_HIGHLIGHT));
-    } else {
-        dc.FillSolidRect(tab.rc.right - 1, tab.rc.top + 7, 1, tab.rc.Height() - 14,
-                         ::GetSysColor(COLOR_BTNSHADOW));
-    }
-    const COLORREF text = ::GetSysColor(COLOR_WINDOWTEXT);
-    dc.SetTextColor(bActive ? text : MixColors(text, ::GetSysColor(COLOR_BTNFACE), 65));
-    const int nPadding = std::clamp(tab.rc.Width() / 8, 4, TAB_PADDING);
-    CRect rcText = tab.rc;
-    rcText.left += nPadding;
-    rcText.right -= nPadding;
-    dc.DrawText(tab.strText, &rcText, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
 // --- input
 
+CTabStrip::Part CTabStrip::FindPart(CPoint pt) const
+{
+    for (const int nDirection : {-1, 1}) {
+        if (GetArrowRect(nDirection).PtInRect(pt))
+            return {nullptr, false, nDirection};
+    }
+    const int nTab = HitTest(pt);
+    return nTab < 0 ? Part{} : Part{m_row.Get(nTab)->hFrame, GetCloseRect(nTab).PtInRect(pt) != FALSE, 0};
+}
+
+void CTabStrip::SetHot(const Part& part)
+{
+    if (part == m_hot)
+        return;
+    InvalidateFrame(m_hot.hFrame);
+    InvalidateFrame(part.hFrame);
+    for (const int nArrow : {m_hot.nArrow, part.nArrow})
+        InvalidateRect(nArrow == 0 ? CRect() : GetArrowRect(nArrow));
+    m_hot = part;
+}
+
+void CTabStrip::OnMouseMove(UINT /*nFlags*/, CPoint pt)
+{
+    SetHot(FindPart(pt));
+}
+
+void CTabStrip::OnMouseLeave()
+{
+    SetHot({});
+}
+
 void CTabStrip::OnLButtonDown(UINT /*nFlags*/, CPoint pt)
 {
     const CCallScope scope;
-    const int nTab = HitTest(pt);
-    if (nTab >= 0)
-        m_pMainFrame->MDIActivate(CWnd::FromHandle(m_arrTab[static_cast<std::size_t>(nTab)].hFrame));
+    m_pressed = FindPart(pt);
+    if (m_pressed.nArrow != 0)
+        ScrollTo(m_nScroll + m_pressed.nArrow * TAB_MIN_WIDTH);
+    else if (m_pressed.hFrame && !m_pressed.bMark)
+        m_pMainFrame->MDIActivate(CWnd::FromHandle(m_pressed.hFrame));
+}
+
+void CTabStrip::OnLButtonUp(UINT /*nFlags*/, CPoint pt)
+{
+    const Part pressed = std::exchange(m_pressed, {});
+    if (pressed.bMark && pressed == FindPart(pt))
+        CloseFrame(pressed.hFrame);
+}
+
+void CTabStrip::OnMButtonDown(UINT /*nFlags*/, CPoint pt)
+{
+    m_pressed = FindPart(pt);
+}
+
+void CTabStrip::OnMButtonUp(UINT /*nFlags*/, CPoint pt)
+{
+    const HWND hPressed = std::exchange(m_pressed, {}).hFrame;
+    if (hPressed && hPressed == FindPart(pt).hFrame)
+        CloseFrame(hPressed);
+}
+
+BOOL CTabStrip::OnMouseWheel(UINT /*nFlags*/, short zDelta, CPoint pt)
+{
+    ScrollTo(m_nScroll - zDelta * TAB_MIN_WIDTH / WHEEL_DELTA);
+    ScreenToClient(&pt);
+    SetHot(FindPart(pt));
+    return TRUE;
+}
+
+// The frame may refuse; it may end the main frame, too.
+void CTabStrip::CloseFrame(HWND hFrame)
+{
+    const CCallScope scope;
+    const HWND hStrip = GetSafeHwnd();
+    ::SendMessage(hFrame, WM_CLOSE);
+    POINT pt{};
+    if (!::IsWindow(hStrip) || !::GetCursorPos(&pt) || ::WindowFromPoint(pt) != hStrip)
+        return;
+    ScreenToClient(&pt);
+    SetHot(FindPart(pt)); // the next tab is under the pointer now
 }
 
 } // namespace splitframe

@@ -1,13 +1,12 @@
 // The strip of tabs under the menu bar: one tab for each shown child frame in the order of their creation,
-// bearing the frame's text. A press on a tab activates its frame. Knows the main frame it belongs to and
-// child frames by handle only; asks for them anew whenever something changed.
+// bearing the frame's text. A press on a tab activates its frame; its close mark and the middle button close
+// the frame, which is asked like for every other way of closing. Where the tabs have no room the strip
+// scrolls, by the arrows at its end and the wheel. Knows the main frame it belongs to and child frames by
+// handle only; asks for them anew whenever something changed.
 #pragma once
 
-#include "platform/base/Geometry.h"
-#include "platform/base/String.h"
+#include "platform/docking/CellRow.h"
 #include "platform/window/Wnd.h"
-
-#include <vector>
 
 class CMDIFrameWnd;
 
@@ -32,11 +31,16 @@ public:
     /// @return true when there are now tabs and were none before, or the other way round
     bool Refresh();
 
-    bool IsEmpty() const { return m_arrTab.empty(); }
-    int GetTabCount() const { return static_cast<int>(m_arrTab.size()); }
-    CString GetTabText(int nTab) const;
-    /// The tab's rectangle in client coordinates; empty for a tab that is out of range.
+    bool IsEmpty() const { return m_row.GetCount() == 0; }
+    int GetTabCount() const { return m_row.GetCount(); }
+    CString GetTabText(int nTab) const { return m_row.GetText(nTab); }
+    /// What can be seen of the tab, in client coordinates; empty for a tab that is scrolled away or out of
+    /// range.
     CRect GetTabRect(int nTab) const;
+    /// The close mark of a tab, in client coordinates. It shows on the active tab and under the pointer.
+    CRect GetCloseRect(int nTab) const;
+    /// The arrow that scrolls in a direction, -1 or 1; empty while all tabs have room.
+    CRect GetArrowRect(int nDirection) const;
     /// The tab of the active frame, or -1.
     int GetActiveTab() const;
     /// The tab at a point in client coordinates, or -1.
@@ -46,7 +50,13 @@ protected:
     void OnPaint();
     BOOL OnEraseBkgnd(CDC* pDC);
     void OnSize(UINT nType, int cx, int cy);
+    void OnMouseMove(UINT nFlags, CPoint pt);
+    void OnMouseLeave();
     void OnLButtonDown(UINT nFlags, CPoint pt);
+    void OnLButtonUp(UINT nFlags, CPoint pt);
+    void OnMButtonDown(UINT nFlags, CPoint pt);
+    void OnMButtonUp(UINT nFlags, CPoint pt);
+    BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint pt);
 
     DECLARE_MESSAGE_MAP()
 
@@ -56,18 +66,41 @@ private:
         HWND hFrame;
         CString strText;
         int nWantedWidth;
-        CRect rc;
+        CRect rc; // scrolled along
+    };
+
+    // What the pointer is at: a tab or its mark by the frame's handle, or an arrow by its direction.
+    struct Part
+    {
+        HWND hFrame = nullptr;
+        bool bMark = false;
+        int nArrow = 0;
+        bool operator==(const Part&) const = default;
     };
 
     void TakeOver(std::vector<Tab> arrTab, HWND hActiveFrame);
     void MoveMark(HWND hActiveFrame);
     int FindWidthLimit(int nRoom) const;
     void PlaceTabs();
-    void DrawTab(CDC& dc, const Tab& tab, bool bActive) const;
+    bool ScrollTo(int nScroll);
+    bool ShowActiveTab();
+    void InvalidateFrame(HWND hFrame);
+    Part FindPart(CPoint pt) const;
+    void SetHot(const Part& part);
+    void CloseFrame(HWND hFrame);
+    void DrawTab(CDC& dc, int nTab) const;
+    void DrawTabShape(CDC& dc, const CRect& rc, bool bActive) const;
+    void DrawCloseMark(CDC& dc, const CRect& rc, const Part& part) const;
+    void DrawArrow(CDC& dc, int nDirection) const;
 
     CMDIFrameWnd* m_pMainFrame; // not owned, outlives the strip
-    std::vector<Tab> m_arrTab;
+    CellRow<Tab> m_row;
     HWND m_hActiveFrame = nullptr;
+    CRect m_rcRoom;       // where tabs can be seen
+    int m_nTabsWidth = 0; // of all tabs side by side
+    int m_nScroll = 0;    // pixels that are scrolled away at the left
+    Part m_hot;           // under the pointer
+    Part m_pressed;       // a mark that is pressed, or the tab that the middle button is pressed on
 };
 
 } // namespace splitframe

@@ -60,7 +60,7 @@ BOOL DestroyAcceleratorTable(HACCEL hAccel)
 int TranslateAcceleratorW(HWND hWnd, HACCEL hAccel, const MSG* pMsg)
 {
     const auto found = Tables().find(NumberOf(hAccel));
-    if (!pMsg || found == Tables().end() || !::IsWindow(hWnd))
+    if (!pMsg || found == Tables().end() || !::IsWindowEnabled(hWnd))
         return 0;
     const auto entry =
         std::ranges::find_if(found->second, [pMsg](const ACCEL& accel) { return Matches(accel, *pMsg); });

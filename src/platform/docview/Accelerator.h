@@ -30,6 +30,6 @@ SPLITFRAME_PLATFORM_API HACCEL CreateAcceleratorTable(const ACCEL* pEntries, int
 SPLITFRAME_PLATFORM_API BOOL DestroyAcceleratorTable(HACCEL hAccel);
 
 /// If pMsg is a key pressed that the table names, sends the command to hWnd as WM_COMMAND (notification code
-/// 1, no control) and answers 1: the message is used up. Otherwise, and for a stale table or window, answers
-/// 0.
+/// 1, no control) and answers 1: the message is used up. Otherwise, and for a stale table and a window that
+/// is gone or disabled, answers 0.
 SPLITFRAME_PLATFORM_API int TranslateAcceleratorW(HWND hWnd, HACCEL hAccel, const MSG* pMsg);

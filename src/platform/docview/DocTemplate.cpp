@@ -72,6 +72,38 @@ void CDocTemplate::InitialUpdateFrame(CFrameWnd* pFrame, CDocument* pDoc, BOOL b
         pFrame->InitialUpdateFrame(pDoc, bMakeVisible);
 }
 
+CDocument* CDocTemplate::OpenDocumentFile(const wchar_t* pszPathName, BOOL bMakeVisible)
+{
+    const CCallScope scope;
+    const CString strPathName(pszPathName);
+    CDocument* pDoc = CreateNewDocument();
+    if (!pDoc)
+        return nullptr;
+    HWND hFrame = nullptr;
+    try {
+        CFrameWnd* pFrame = OpenFrame(pDoc, strPathName);
+        hFrame = pFrame ? pFrame->GetSafeHwnd() : nullptr;
+        if (pFrame)
+            InitialUpdateFrame(pFrame, pDoc, bMakeVisible);
+    } catch (...) {
+        pDoc->OnCloseDocument(); // with whatever there is of its frame
+        throw;
+    }
+    if (!hFrame)
+        pDoc->OnCloseDocument();
+    return ::IsWindow(hFrame) ? pDoc : nullptr;
+}
+
+CFrameWnd* CDocTemplate::OpenFrame(CDocument* pDoc, const CString& strPathName)
+{
+    if (strPathName.IsEmpty())
+        return pDoc->OnNewDocument() ? CreateNewFrame(pDoc, nullptr) : nullptr;
+    if (!pDoc->OnOpenDocument(strPathName))
+        return nullptr;
+    pDoc->SetPathName(strPathName);
+    return CreateNewFrame(pDoc, nullptr);
+}
+
 int CDocTemplate::GetDocumentCount() const
 {
     return m_arrDoc.GetSize();

@@ -34,6 +34,13 @@ public:
     /// Finishes and shows a new frame: CFrameWnd::InitialUpdateFrame.
     virtual void InitialUpdateFrame(CFrameWnd* pFrame, CDocument* pDoc, BOOL bMakeVisible = TRUE);
 
+    /// Opens a file as a new document in a new frame, or starts an empty document when the path is null or
+    /// empty: CreateNewDocument, CDocument::OnOpenDocument (OnNewDocument), CreateNewFrame,
+    /// InitialUpdateFrame.
+    /// @return the document; null when it could not be opened or shown, or was closed meanwhile. What a hook
+    /// throws passes through; then nothing is left of document and frame
+    virtual CDocument* OpenDocumentFile(const wchar_t* pszPathName, BOOL bMakeVisible = TRUE);
+
     int GetDocumentCount() const;
     /// The document at a position from 0, in the order of their making; null outside.
     CDocument* GetDocument(int nIndex) const;
@@ -47,6 +54,8 @@ protected:
                  CRuntimeClass* pViewClass);
 
 private:
+    CFrameWnd* OpenFrame(CDocument* pDoc, const CString& strPathName);
+
     UINT m_nIDResource;
     CRuntimeClass* m_pDocClass;
     CRuntimeClass* m_pFrameClass;

@@ -8,6 +8,7 @@
 #include "platform/window/CmdTarget.h"
 
 class CDocTemplate;
+class CException;
 class CFrameWnd;
 class CView;
 
@@ -60,6 +61,27 @@ public:
     /// Frees what the document holds. The base's version does nothing.
     virtual void DeleteContents();
 
+    /// The file that the document was opened from or saved to last; empty while there is none.
+    const CString& GetPathName() const { return m_strPathName; }
+
+    /// Notes the document's file and makes its name, without folders, the title.
+    virtual void SetPathName(const wchar_t* pszPathName);
+
+    /// Replaces what the document holds by what a file holds: DeleteContents(), then Serialize() from an
+    /// archive over the file; unchanged afterwards. A platform exception is told to the user and leaves the
+    /// document without contents; any other passes through, after DeleteContents().
+    /// @return FALSE when the file could not be read
+    virtual BOOL OnOpenDocument(const wchar_t* pszPathName);
+
+    /// Saves the document: Serialize() to an archive over the file; unchanged afterwards. The file is
+    /// replaced only once all of it is written: whatever fails, it stays as it was.
+    /// @return FALSE, after telling the user, when the file could not be written
+    virtual BOOL OnSaveDocument(const wchar_t* pszPathName);
+
+    /// Tells the user, in a message box, why a file could not be read or written.
+    virtual void ReportSaveLoadException(const wchar_t* pszPathName, const CException& exception,
+                                         BOOL bSaving);
+
     /// Asked before a frame of this document closes. The base's version asks SaveModified() when the frame is
     /// the last one that shows it, and answers TRUE otherwise. @return FALSE to keep the frame
     virtual BOOL CanCloseFrame(CFrameWnd* pFrame);
@@ -87,6 +109,7 @@ private:
     void DestroyFrames();
 
     CString m_strTitle;
+    CString m_strPathName;
     CArray<CView*, CView*> m_arrView;    // not owned, they delete themselves
     CDocTemplate* m_pTemplate = nullptr; // not owned; clears the pointer when it goes
     BOOL m_bModified = FALSE;

@@ -18,6 +18,7 @@ ON_WM_CLOSE()
 ON_WM_SIZE()
 ON_WM_SETFOCUS()
 ON_WM_ACTIVATE()
+ON_MESSAGE(WM_INITMENUPOPUP, &CFrameWnd::OnInitMenuPopup)
 END_MESSAGE_MAP()
 
 const CRect CFrameWnd::rectDefault(CW_USEDEFAULT, CW_USEDEFAULT, 0, 0);
@@ -253,6 +254,24 @@ BOOL CFrameWnd::OfferInside(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINF
     CView* pView = GetActiveView();
     return (pView && pView->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo)) ||
            CWnd::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
+}
+
+// A handler may change the menu, or destroy it or the frame.
+LRESULT CFrameWnd::OnInitMenuPopup(WPARAM wParam, LPARAM /*lParam*/)
+{
+    const CCallScope scope;
+    const HMENU hMenu = reinterpret_cast<HMENU>(wParam);
+    const HWND hWnd = GetSafeHwnd();
+    for (int n = 0; ::IsWindow(hWnd) && n < ::GetMenuItemCount(hMenu); ++n) {
+        CCmdUI ui;
+        ui.m_nID = ::GetMenuItemID(hMenu, n);
+        ui.m_nIndex = static_cast<UINT>(n);
+        ui.m_pMenu = CMenu::FromHandle(hMenu);
+        const bool bCommand = ui.m_nID != 0 && ui.m_nID != 0xFFFFFFFF;
+        if (bCommand)
+            ui.DoUpdate(this, TRUE);
+    }
+    return 0;
 }
 
 void CFrameWnd::OnSetFocus(CWnd* pOldWnd)

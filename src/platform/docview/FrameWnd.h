@@ -148,6 +148,9 @@ protected:
     /// Places the pane in the room that the bars left: the view, asked by CalcWindowRect.
     virtual void LayoutPane(const CRect& rcRoom);
 
+    /// A menu is about to open: every item's look is asked for, where its command would go. An item whose
+    /// command nobody handles is disabled.
+    LRESULT OnInitMenuPopup(WPARAM wParam, LPARAM lParam);
     int OnCreate(LPCREATESTRUCT lpCreateStruct);
     /// Asks the document (CDocument::CanCloseFrame), then destroys the frame and, with its last frame, the
     /// document. A refusal, and a call from within a closing of the same frame, do nothing.

@@ -10,6 +10,10 @@
 
 #include <algorithm>
 
+namespace {
+constexpr LPARAM KEY_WAS_DOWN = LPARAM{1} << 30;
+}
+
 IMPLEMENT_DYNCREATE(CMDIFrameWnd, CFrameWnd)
 
 BEGIN_MESSAGE_MAP(CMDIFrameWnd, CFrameWnd)
@@ -185,11 +189,20 @@ BOOL CMDIFrameWnd::PreTranslateMessage(MSG* pMsg)
 {
     if (CFrameWnd::PreTranslateMessage(pMsg))
         return TRUE;
-    const bool bNextKey = pMsg->message == WM_KEYDOWN && (pMsg->wParam == VK_TAB || pMsg->wParam == VK_F6);
-    if (!bNextKey || ::GetKeyState(static_cast<int>(VK_CONTROL)) >= 0)
-        return FALSE;
-    MDINext(::GetKeyState(static_cast<int>(VK_SHIFT)) < 0);
-    return TRUE;
+    const bool bMine = pMsg->message == WM_KEYDOWN && ::GetKeyState(VK_CONTROL) < 0 && IsWindowEnabled();
+    return bMine && OnChildFrameKey(static_cast<UINT>(pMsg->wParam), (pMsg->lParam & KEY_WAS_DOWN) != 0);
+}
+
+BOOL CMDIFrameWnd::OnChildFrameKey(UINT nKey, bool bRepeated)
+{
+    if (nKey == VK_TAB || nKey == VK_F6) {
+        MDINext(::GetKeyState(VK_SHIFT) < 0);
+        return TRUE;
+    }
+    CMDIChildWnd* pActive = nKey == VK_F4 && !bRepeated ? MDIGetActive() : nullptr;
+    if (pActive)
+        pActive->SendMessage(WM_CLOSE);
+    return nKey == VK_F4;
 }
 
 BOOL CMDIFrameWnd::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo)

@@ -49,7 +49,8 @@ public:
 
     BOOL OnCreateClient(CREATESTRUCT* lpcs, CCreateContext* pContext) override;
     void OnUpdateFrameTitle(BOOL bAddToTitle) override;
-    /// Ctrl+Tab and Ctrl+F6 activate the next child frame, with Shift the one before; then as CFrameWnd.
+    /// Ctrl+Tab and Ctrl+F6 activate the next child frame, with Shift the one before; Ctrl+F4 closes the
+    /// active one. Accelerators of CFrameWnd come first.
     BOOL PreTranslateMessage(MSG* pMsg) override;
 
     /// Commands go to the active child frame (its view and document first), this frame, the application.
@@ -78,6 +79,7 @@ protected:
 private:
     friend class CMDIChildWnd;
     bool CloseChildFrames();
+    BOOL OnChildFrameKey(UINT nKey, bool bRepeated);
     void LayoutActiveChild();
 
     std::unique_ptr<splitframe::CMDIClient> m_pClient; // its window goes with the frame's

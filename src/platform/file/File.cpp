@@ -10,7 +10,7 @@ IMPLEMENT_DYNAMIC(CFile, CObject)
 
 CFile::~CFile()
 {
-    Close();
+    CFile::Close();
 }
 
 static int FlagsOf(UINT nOpenFlags)
@@ -52,21 +52,25 @@ static int OpenRegular(const char* pszPath, int nFlags)
     return -1;
 }
 
+bool CFile::TellLastError(const CString& strFileName, CFileException* pError)
+{
+    const int nError = errno;
+    if (pError) {
+        pError->m_cause = CFileException::OsErrorToException(nError);
+        pError->m_lOsError = nError;
+        pError->m_strFileName = strFileName;
+    }
+    return false;
+}
+
 bool CFile::Open(const wchar_t* pszFileName, UINT nOpenFlags, CFileException* pError)
 {
     Close();
     const CString strFileName(pszFileName);
     const std::string path = strFileName.ToUtf8();
     m_nDescriptor = OpenRegular(path.c_str(), FlagsOf(nOpenFlags));
-    if (m_nDescriptor < 0) {
-        const int nError = errno;
-        if (pError) {
-            pError->m_cause = CFileException::OsErrorToException(nError);
-            pError->m_lOsError = nError;
-            pError->m_strFileName = strFileName;
-        }
-        return false;
-    }
+    if (m_nDescriptor < 0)
+        return TellLastError(strFileName, pError);
     m_strFileName = strFileName;
     return true;
 }
@@ -91,6 +95,17 @@ ULONGLONG CFile::GetLength() const
     if (::fstat(m_nDescriptor, &status) != 0)
         ThrowLastError(m_strFileName);
     return static_cast<ULONGLONG>(status.st_size);
+}
+
+ULONGLONG CFile::Seek(std::int64_t nOffset, UINT nFrom)
+{
+    const int nWhence = nFrom == current ? SEEK_CUR : nFrom == end ? SEEK_END : SEEK_SET;
+    const off_t nPlace = ::lseek(m_nDescriptor, nOffset, nWhence);
+    if (nPlace < 0 && errno == EINVAL)
+        AfxThrowFileException(CFileException::badSeek, EINVAL, m_strFileName);
+    if (nPlace < 0)
+        ThrowLastError(m_strFileName);
+    return static_cast<ULONGLONG>(nPlace);
 }
 
 UINT CFile::Read(void* pBuffer, UINT nCount)

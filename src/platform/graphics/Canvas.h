@@ -16,6 +16,7 @@ struct Canvas
     Region clip;                          // surface coordinates; what lies outside is never touched
     Surface* pXorPlane =
         nullptr; // not owned; exclusive-or drawing goes here instead, if set (same size and scale)
+    std::shared_ptr<const Surface> pKeepXor; // as pKeep, for the plane
     Region* pDamage =
         nullptr; // not owned; gets the bounds of everything drawn, in surface coordinates, if set
 };

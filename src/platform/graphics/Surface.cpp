@@ -15,7 +15,7 @@ namespace {
 
 double CutScale(double dScale)
 {
-    return std::isnan(dScale) ? 1.0 : std::clamp(dScale, 0.25, 8.0);
+    return std::isnan(dScale) ? 1.0 : std::clamp(dScale, Surface::MIN_SCALE, Surface::MAX_SCALE);
 }
 
 int DeviceSide(int n, double dScale)

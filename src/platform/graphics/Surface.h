@@ -18,10 +18,13 @@ class SPLITFRAME_PLATFORM_API Surface
 public:
     /// Longest side in device pixels; larger sizes are cut to it.
     static constexpr int kMaxSide = 16384;
+    static constexpr double MIN_SCALE = 0.25;
+    static constexpr double MAX_SCALE = 8.0;
 
     /// A surface of cx by cy logical pixels, every pixel `color`. Sizes below 1 (or memory that the machine
     /// does not have) give an empty surface, on which drawing does nothing.
-    /// @param dScale  device pixels per logical pixel, cut to 0.25 .. 8; not a number counts as 1
+    /// @param dScale  device pixels per logical pixel, cut to MIN_SCALE .. MAX_SCALE; not a number counts as
+    /// 1
     Surface(int cx, int cy, double dScale = 1.0, COLORREF color = 0);
     ~Surface();
     Surface(const Surface&) = delete;

@@ -43,6 +43,7 @@ bool HasDefaultProcessing(UINT nMessage)
     case WM_DESTROY:
     case WM_NCDESTROY:
     case WM_MOUSEMOVE:
+    case WM_MOUSELEAVE:
         return false;
     default:
         return true;

@@ -2,6 +2,7 @@
 // it again wins.
 #include "platform/window/Focus.h"
 #include "platform/window/Dispatch.h"
+#include "platform/window/MenuTracking.h"
 #include "platform/window/WindowManager.h"
 #include "platform/window/WindowTree.h"
 
@@ -72,11 +73,16 @@ void LeaveCapture(HWND hWnd)
         ReleaseCapture();
 }
 
+void LeaveActivation(HWND hWnd)
+{
+    if (HoldsWindow(hWnd, g_hActive))
+        SetActiveWindow(HeirOf(hWnd));
+}
+
 void LeaveInput(HWND hWnd)
 {
     LeaveCapture(hWnd);
-    if (HoldsWindow(hWnd, g_hActive))
-        SetActiveWindow(HeirOf(hWnd));
+    LeaveActivation(hWnd);
     LeaveFocus(hWnd);
 }
 
@@ -174,6 +180,8 @@ HWND SetActiveWindow(HWND hWnd)
         return hBefore;
     const CCallScope scope;
     g_hActive = hWnd;
+    LeaveCapture(hBefore); // a drag ends when its window is left
+    MenuTracking::The().End();
     Tell(hBefore, WM_ACTIVATE, WA_INACTIVE, reinterpret_cast<LPARAM>(hWnd));
     if (g_hActive == hWnd)
         Tell(hWnd, WM_ACTIVATE, WA_ACTIVE, reinterpret_cast<LPARAM>(IsWindow(hBefore) ? hBefore : nullptr));

@@ -10,6 +10,7 @@ namespace splitframe {
 void LeaveCapture(HWND hWnd);
 void LeaveInput(HWND hWnd);
 void LeaveFocus(HWND hWnd);
+void LeaveActivation(HWND hWnd);
 /// A window is gone: nothing may name it any more.
 void ForgetInput(HWND hWnd);
 

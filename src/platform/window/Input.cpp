@@ -4,6 +4,7 @@
 #include "platform/window/Dispatch.h"
 #include "platform/window/Focus.h"
 #include "platform/window/MessageQueue.h"
+#include "platform/window/Placement.h"
 #include "platform/window/Screen.h"
 #include "platform/window/WindowClass.h"
 #include "platform/window/WindowManager.h"
@@ -13,6 +14,7 @@
 #include <cstdlib>
 #include <iterator>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace splitframe {
@@ -38,8 +40,10 @@ struct Press
 struct InputState
 {
     bool keys[256] = {};
+    bool bAltAlone = false; // Alt is down, or just went up, and nothing came between
     POINT pt{};
     Press last;
+    HWND hUnderMouse = nullptr; // what mouse input went to last
     std::optional<MSG> peeked;
     std::vector<MSG> text; // the rest of a typed text, in reverse
 };
@@ -130,15 +134,26 @@ void AskForCursor(HWND hTarget, UINT nMessage)
                          MAKELPARAM(HTCLIENT, static_cast<int>(nMessage)));
 }
 
+void TellLeft(HWND hTarget)
+{
+    const HWND hLeft = std::exchange(State().hUnderMouse, hTarget);
+    if (WindowRecord* pLeft = hLeft != hTarget ? FindWindowRecord(hLeft) : nullptr)
+        Dispatcher::Send(*pLeft, WM_MOUSELEAVE, 0, 0);
+}
+
 bool FromMouse(const InputEvent& event, MSG& msg)
 {
     State().pt = event.pt;
+    if (event.kind != Kind::MouseMove)
+        State().bAltAlone = false;
     if ((event.kind == Kind::ButtonDown || event.kind == Kind::ButtonUp) && event.nButton < 256)
         State().keys[event.nButton] = event.kind == Kind::ButtonDown;
     const WindowRecord* pTarget = MouseTarget(event.pt);
+    const HWND hTarget = pTarget ? pTarget->Handle() : nullptr;
+    TellLeft(hTarget);
+    pTarget = FindWindowRecord(hTarget);
     if (!pTarget)
         return false;
-    const HWND hTarget = pTarget->Handle();
     if (event.kind == Kind::Wheel) {
         const WPARAM wParam = static_cast<WPARAM>(MAKELPARAM(static_cast<int>(HeldFlags()), event.nDelta));
         msg = MakeMessage(hTarget, WM_MOUSEWHEEL, wParam, MAKELPARAM(event.pt.x, event.pt.y));
@@ -163,6 +178,8 @@ bool FromKey(const InputEvent& event, MSG& msg)
     const bool bDown = event.kind == Kind::KeyDown;
     const bool bAltBefore = IsDown(VK_MENU);
     const bool bWasDown = IsDown(event.nKey) || event.bRepeat;
+    if (bDown)
+        State().bAltAlone = event.nKey == VK_MENU && (bWasDown ? State().bAltAlone : HeldFlags() == 0);
     State().keys[event.nKey] = bDown;
     const bool bSystem = bAltBefore || IsDown(VK_MENU); // F10 alone is a key that panes hand on
     const HWND hTarget = GetFocus() ? GetFocus() : GetActiveWindow();
@@ -179,12 +196,13 @@ bool FromKey(const InputEvent& event, MSG& msg)
 bool FromText(const InputEvent& event, MSG& msg)
 {
     const HWND hTarget = GetFocus();
-    const UINT nMessage = IsDown(VK_MENU) ? WM_SYSCHAR : WM_CHAR;
-    if (!hTarget || event.strText.IsEmpty())
+    // With Alt alone the key itself makes a WM_SYSCHAR; Ctrl and Alt together type what the keyboard has
+    // there.
+    const bool bSystem = IsDown(VK_MENU) && !IsDown(VK_CONTROL);
+    if (!hTarget || event.strText.IsEmpty() || bSystem)
         return false;
     for (int n = event.strText.GetLength(); n-- > 0;)
-        State().text.push_back(
-            MakeMessage(hTarget, nMessage, static_cast<WPARAM>(event.strText.GetAt(n)), 1));
+        State().text.push_back(MakeMessage(hTarget, WM_CHAR, static_cast<WPARAM>(event.strText.GetAt(n)), 1));
     msg = State().text.back();
     State().text.pop_back();
     return true;
@@ -206,13 +224,23 @@ bool Translate(const InputEvent& event, MSG& msg)
     case Kind::Deactivate:
         // Keys that are released elsewhere are not heard of.
         std::fill(std::begin(State().keys), std::end(State().keys), false);
+        State().bAltAlone = false;
         ActivateByDisplay(false);
         return false;
     case Kind::Activate:
         ActivateByDisplay(true);
         return false;
     case Kind::Resize:
+        ReleaseCapture(); // a drag across windows that are about to move has lost its sense
         PrepareScreen();
+        PresentEverything(); // also when it is back at the size it had
+        return false;
+    case Kind::Expose:
+        PresentEverything();
+        return false;
+    case Kind::Minimize:
+    case Kind::Restore:
+        FollowDisplayIcon(event.kind == Kind::Minimize);
         return false;
     case Kind::Close:
         msg = MakeMessage(MainTopLevel(), WM_CLOSE, 0, 0);
@@ -255,6 +283,11 @@ bool TakeInput(MSG& msg, bool bRemove)
     if (bRemove)
         peeked.reset();
     return true;
+}
+
+bool AltWasPressedAlone()
+{
+    return State().bAltAlone;
 }
 
 POINT PointerPosition()

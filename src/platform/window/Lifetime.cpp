@@ -155,6 +155,7 @@ HWND CreateWindowFor(CWnd& wnd, const CREATESTRUCT& cs)
     const CCallScope scope;
     Fill(*pRecord, wnd, cs, *pParent);
     LinkOnTop(*pRecord, *pParent);
+    ShowTitle(*pRecord);
     const HWND hWnd = pRecord->Handle();
     wnd.m_hWnd = hWnd;
     CREATESTRUCT csTold = cs;

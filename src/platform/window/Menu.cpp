@@ -1,5 +1,7 @@
 // Menus behind checked handles. A menu owns its items' submenus; each knows the menu that holds it.
 #include "platform/window/Menu.h"
+#include "platform/window/CallScope.h"
+#include "platform/window/Wnd.h"
 
 #include <algorithm>
 #include <memory>
@@ -192,6 +194,7 @@ BOOL DestroyMenu(HMENU hMenu)
             if (pObject)
                 pObject->m_hMenu = nullptr;
         }
+        DeleteLater(pDoomed->pBorrowed.release()); // a caller may be about to use it
     }
     return TRUE;
 }
@@ -360,6 +363,11 @@ CMenu* CMenu::FromHandle(HMENU hMenu)
         pMenu->pBorrowed->m_hMenu = hMenu;
     }
     return pMenu->pBorrowed.get();
+}
+
+UINT CMenu::TrackPopupMenu(UINT nFlags, int x, int y, CWnd* pOwner)
+{
+    return ::TrackPopupMenu(m_hMenu, nFlags, x, y, pOwner ? pOwner->GetSafeHwnd() : nullptr);
 }
 
 int CMenu::GetMenuString(UINT nPosition, CString& strText, UINT nFlags) const

@@ -47,6 +47,19 @@ SPLITFRAME_PLATFORM_API UINT CheckMenuItem(HMENU hMenu, UINT nPosition, UINT nFl
 /// Enables or grays an item (MF_ENABLED, MF_GRAYED, MF_DISABLED). @return the bits before, or -1
 SPLITFRAME_PLATFORM_API BOOL EnableMenuItem(HMENU hMenu, UINT nPosition, UINT nFlags);
 
+/// Shows a menu and waits until the user has chosen or closed it. Both buttons choose. Meanwhile messages go
+/// on: the owner and the menu may be destroyed, which ends it. While a menu is open no other one opens.
+/// @param nFlags  TPM_ values
+/// @param x       with y the point that it opens at, screen coordinates; the menu is kept inside the display
+/// @param hOwner  hears WM_INITMENUPOPUP before a menu opens; gets WM_COMMAND posted when the menu is closed
+/// @return with TPM_RETURNCMD the chosen command, else 1; 0 when nothing was chosen, or nothing could be
+/// shown
+SPLITFRAME_PLATFORM_API UINT TrackPopupMenu(HMENU hMenu, UINT nFlags, int x, int y, HWND hOwner);
+/// Closes the menu that is open, if any, without a choice.
+SPLITFRAME_PLATFORM_API void EndMenu();
+
+class CWnd;
+
 /// A menu as an object. One that was created or attached owns its menu and destroys it at its end.
 class SPLITFRAME_PLATFORM_API CMenu : public CObject
 {
@@ -98,4 +111,5 @@ public:
     int GetMenuString(UINT nPosition, CString& strText, UINT nFlags) const;
     UINT CheckMenuItem(UINT nPosition, UINT nFlags) { return ::CheckMenuItem(m_hMenu, nPosition, nFlags); }
     BOOL EnableMenuItem(UINT nPosition, UINT nFlags) { return ::EnableMenuItem(m_hMenu, nPosition, nFlags); }
+    UINT TrackPopupMenu(UINT nFlags, int x, int y, CWnd* pOwner);
 };

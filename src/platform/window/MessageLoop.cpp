@@ -3,6 +3,7 @@
 #include "platform/display/Display.h"
 #include "platform/window/Dispatch.h"
 #include "platform/window/Input.h"
+#include "platform/window/MenuTracking.h"
 #include "platform/window/MessageQueue.h"
 #include "platform/window/Painting.h"
 #include "platform/window/Screen.h"
@@ -99,6 +100,17 @@ DWORD TimeToNextTimer()
     return *next <= nNow ? 0 : static_cast<DWORD>(std::min<ULONGLONG>(*next - nNow, 60'000));
 }
 
+void FilterAndDispatch(MSG& msg)
+{
+    BOOL bDone = FALSE;
+    if (const PreTranslateFilter pfnFilter = State().pfnFilter)
+        Dispatcher::Guard(L"PreTranslateMessage", [&] { bDone = pfnFilter(&msg); });
+    if (bDone)
+        return;
+    TranslateMessage(&msg);
+    DispatchMessage(&msg);
+}
+
 } // namespace
 
 bool IsUserInterfaceThread()
@@ -114,15 +126,26 @@ PreTranslateFilter SetPreTranslateFilter(PreTranslateFilter pfnFilter)
 
 void HandleMessage(MSG* pMsg)
 {
-    if (!pMsg)
+    MenuTracking& menu = MenuTracking::The();
+    if (!pMsg || menu.Takes(*pMsg))
         return;
-    BOOL bDone = FALSE;
-    if (const PreTranslateFilter pfnFilter = State().pfnFilter)
-        Dispatcher::Guard(L"PreTranslateMessage", [&] { bDone = pfnFilter(pMsg); });
-    if (bDone)
-        return;
-    TranslateMessage(pMsg);
-    DispatchMessage(pMsg);
+    FilterAndDispatch(*pMsg);
+    menu.Prune(); // a handler may have destroyed what it stands on
+}
+
+bool RunLoopWhile(const std::function<bool()>& goesOn)
+{
+    MSG msg{};
+    while (goesOn()) {
+        if (::GetMessage(&msg)) {
+            HandleMessage(&msg);
+            continue;
+        }
+        if (msg.message == WM_QUIT)
+            ::PostQuitMessage(static_cast<int>(msg.wParam));
+        return false;
+    }
+    return true;
 }
 
 void DrainMessages()
@@ -181,6 +204,10 @@ BOOL TranslateMessage(const MSG* pMsg)
                                    pMsg->wParam == VK_RETURN || pMsg->wParam == VK_ESCAPE;
     if (pMsg->message == WM_KEYDOWN && bControlCharacter)
         PostMessage(pMsg->hwnd, WM_CHAR, pMsg->wParam, pMsg->lParam);
+    // With Alt held displays hand in no text. Small letters, as typed.
+    if (pMsg->message == WM_SYSKEYDOWN && IsLetterOrDigitKey(pMsg->wParam))
+        PostMessage(pMsg->hwnd, WM_SYSCHAR, pMsg->wParam >= 'A' ? pMsg->wParam + ('a' - 'A') : pMsg->wParam,
+                    pMsg->lParam);
     return TRUE;
 }
 
@@ -205,11 +232,4 @@ void PostQuitMessage(int nExitCode)
 {
     State().exitCode = nExitCode;
     WakeDisplay();
-}
-
-int AfxMessageBox(LPCWSTR pszText, UINT nType, UINT)
-{
-    const CCallScope scope;
-    PaintNow();
-    return CurrentDisplay().ShowMessageBox({CString(pszText), CString(), nType});
 }

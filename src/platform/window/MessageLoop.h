@@ -8,6 +8,8 @@
 #include "platform/base/Types.h"
 #include "platform/window/Messages.h"
 
+#include <functional>
+
 /// Takes the next message, painting and waiting meanwhile as needed. Painting is done inside, not returned.
 /// @return FALSE when the message is WM_QUIT, or when nothing can come any more (a headless display whose
 /// clock
@@ -16,7 +18,8 @@ SPLITFRAME_PLATFORM_API BOOL GetMessage(MSG* pMsg);
 /// As GetMessage, but answers FALSE at once when there is nothing to take.
 /// @param nRemove  PM_NOREMOVE leaves the message where it was
 SPLITFRAME_PLATFORM_API BOOL PeekMessage(MSG* pMsg, UINT nRemove = PM_REMOVE);
-/// Displays hand in text beside keys, so there is nothing to translate. @return whether it was a key message
+/// Displays hand in text beside keys; here follow what they do not: WM_CHAR of control keys, WM_SYSCHAR of
+/// letters and digits pressed with Alt. @return whether it was a key message
 SPLITFRAME_PLATFORM_API BOOL TranslateMessage(const MSG* pMsg);
 /// Sends a message taken from the queue to its window.
 SPLITFRAME_PLATFORM_API LRESULT DispatchMessage(const MSG* pMsg);
@@ -24,11 +27,15 @@ SPLITFRAME_PLATFORM_API LRESULT DispatchMessage(const MSG* pMsg);
 /// code.
 SPLITFRAME_PLATFORM_API void PostQuitMessage(int nExitCode);
 
-/// Shows a message box on the display and waits for the answer. The headless display records it and answers
-/// at once.
-/// @param nType  MB_ values
-/// @return IDOK, IDCANCEL, IDYES or IDNO
+/// Shows a message box over the active window, named like that, and waits for the answer: a loop inside the
+/// call; the window is disabled meanwhile. The headless display records the box and answers at once, unless a
+/// test wants the box itself.
+/// @param nType  MB_ values: buttons, icon and the button that Enter presses
+/// @return the ID of the button; cancel or no when the box went without an answer
 SPLITFRAME_PLATFORM_API int AfxMessageBox(LPCWSTR pszText, UINT nType = MB_OK, UINT nIDHelp = 0);
+
+/// The same over a window, with a caption; null: over none.
+SPLITFRAME_PLATFORM_API int MessageBoxW(HWND hWnd, LPCWSTR pszText, LPCWSTR pszCaption, UINT nType);
 
 namespace splitframe {
 
@@ -43,6 +50,11 @@ SPLITFRAME_PLATFORM_API void HandleMessage(MSG* pMsg);
 /// Handles all that is queued or due, paintings included, and comes back: for tests, tools and modal work. A
 /// handler that posts to itself for ever is stopped after a great number of messages. WM_QUIT stays queued.
 SPLITFRAME_PLATFORM_API void DrainMessages();
+
+/// A loop inside a loop, for what waits for the user: handles messages as long as the condition, asked before
+/// each, holds. @return false when it ended because nothing can come any more, or because of WM_QUIT, which
+/// is left for the loop outside
+bool RunLoopWhile(const std::function<bool()>& goesOn);
 
 /// Whether this is the thread that first used the loop or created a window.
 SPLITFRAME_PLATFORM_API bool IsUserInterfaceThread();

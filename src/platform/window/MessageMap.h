@@ -38,6 +38,7 @@ inline CPoint PointIn(LPARAM lParam)
 #define ON_WM_CLOSE() SPLITFRAME_WM_VOID(WM_CLOSE, OnClose())
 #define ON_WM_DESTROY() SPLITFRAME_WM_VOID(WM_DESTROY, OnDestroy())
 #define ON_WM_NCDESTROY() SPLITFRAME_WM_VOID(WM_NCDESTROY, OnNcDestroy())
+#define ON_WM_MOUSELEAVE() SPLITFRAME_WM_VOID(WM_MOUSELEAVE, OnMouseLeave())
 #define ON_WM_CANCELMODE() SPLITFRAME_WM_VOID(WM_CANCELMODE, OnCancelMode())
 /// int OnCreate(LPCREATESTRUCT): -1 refuses the creation
 #define ON_WM_CREATE() SPLITFRAME_WM_RESULT(WM_CREATE, OnCreate(splitframe::AddressIn<CREATESTRUCT>(lParam)))

@@ -38,6 +38,7 @@ inline constexpr UINT WM_SYSKEYUP = 0x0105;
 inline constexpr UINT WM_SYSCHAR = 0x0106;
 inline constexpr UINT WM_KEYLAST = 0x0109;
 inline constexpr UINT WM_COMMAND = 0x0111;
+inline constexpr UINT WM_SYSCOMMAND = 0x0112;
 inline constexpr UINT WM_TIMER = 0x0113;
 inline constexpr UINT WM_INITMENUPOPUP = 0x0117;
 inline constexpr UINT WM_MOUSEFIRST = 0x0200;
@@ -54,6 +55,7 @@ inline constexpr UINT WM_MBUTTONDBLCLK = 0x0209;
 inline constexpr UINT WM_MOUSEWHEEL = 0x020A;
 inline constexpr UINT WM_MOUSELAST = 0x020A;
 inline constexpr UINT WM_CAPTURECHANGED = 0x0215;
+inline constexpr UINT WM_MOUSELEAVE = 0x02A3; // sent when mouse input goes to another window from now on
 inline constexpr UINT WM_MDIACTIVATE = 0x0222;
 inline constexpr UINT WM_USER = 0x0400;
 inline constexpr UINT WM_APP = 0x8000;
@@ -184,7 +186,10 @@ inline constexpr UINT VK_F1 = 0x70;
 inline constexpr UINT VK_F4 = 0x73;
 inline constexpr UINT VK_F6 = 0x75;
 inline constexpr UINT VK_F7 = 0x76;
+inline constexpr UINT VK_F8 = 0x77;
+inline constexpr UINT VK_F9 = 0x78;
 inline constexpr UINT VK_F10 = 0x79;
+inline constexpr UINT VK_F11 = 0x7A;
 inline constexpr UINT VK_F12 = 0x7B;
 
 // Menus.
@@ -199,17 +204,43 @@ inline constexpr UINT MF_CHECKED = 0x0008;
 inline constexpr UINT MF_POPUP = 0x0010;
 inline constexpr UINT MF_SEPARATOR = 0x0800;
 
+// TrackPopupMenu: how the menu stands to the point, and whether the owner hears of it.
+inline constexpr UINT TPM_LEFTALIGN = 0x0000;
+inline constexpr UINT TPM_CENTERALIGN = 0x0004;
+inline constexpr UINT TPM_RIGHTALIGN = 0x0008;
+inline constexpr UINT TPM_TOPALIGN = 0x0000;
+inline constexpr UINT TPM_VCENTERALIGN = 0x0010;
+inline constexpr UINT TPM_BOTTOMALIGN = 0x0020;
+inline constexpr UINT TPM_LEFTBUTTON = 0x0000;  // either button chooses
+inline constexpr UINT TPM_RIGHTBUTTON = 0x0002; // either button chooses
+inline constexpr UINT TPM_NONOTIFY = 0x0080;    // no WM_INITMENUPOPUP
+inline constexpr UINT TPM_RETURNCMD = 0x0100;   // the command is answered, not sent
+
+// WM_SYSCOMMAND, first parameter: a key asks for the menu bar. Second parameter: the letter, 0 for none.
+inline constexpr UINT SC_KEYMENU = 0xF100;
+
 // Message boxes.
 inline constexpr UINT MB_OK = 0x0000;
 inline constexpr UINT MB_OKCANCEL = 0x0001;
+inline constexpr UINT MB_ABORTRETRYIGNORE = 0x0002;
 inline constexpr UINT MB_YESNOCANCEL = 0x0003;
 inline constexpr UINT MB_YESNO = 0x0004;
+inline constexpr UINT MB_RETRYCANCEL = 0x0005;
+inline constexpr UINT MB_TYPEMASK = 0x000F;
 inline constexpr UINT MB_ICONERROR = 0x0010;
 inline constexpr UINT MB_ICONQUESTION = 0x0020;
 inline constexpr UINT MB_ICONWARNING = 0x0030;
 inline constexpr UINT MB_ICONINFORMATION = 0x0040;
+inline constexpr UINT MB_ICONMASK = 0x00F0;
+inline constexpr UINT MB_DEFBUTTON1 = 0x0000;
+inline constexpr UINT MB_DEFBUTTON2 = 0x0100;
+inline constexpr UINT MB_DEFBUTTON3 = 0x0200;
+inline constexpr UINT MB_DEFMASK = 0x0F00;
 inline constexpr int IDOK = 1;
 inline constexpr int IDCANCEL = 2;
+inline constexpr int IDABORT = 3;
+inline constexpr int IDRETRY = 4;
+inline constexpr int IDIGNORE = 5;
 inline constexpr int IDYES = 6;
 inline constexpr int IDNO = 7;
 

@@ -5,6 +5,10 @@
 #include "platform/window/Screen.h"
 #include "platform/window/WindowTree.h"
 
+#include <algorithm>
+#include <memory>
+#include <vector>
+
 IMPLEMENT_DYNAMIC(CPaintDC, CDC)
 IMPLEMENT_DYNAMIC(CClientDC, CDC)
 IMPLEMENT_DYNAMIC(CWindowDC, CClientDC)
@@ -40,3 +44,49 @@ CClientDC::~CClientDC()
 }
 
 CWindowDC::~CWindowDC() = default;
+
+namespace {
+
+class ScreenDC : public CDC
+{
+public:
+    ScreenDC() { AttachCanvas(CanvasForScreen(m_drawn)); }
+    ~ScreenDC() override
+    {
+        DetachCanvas();
+        NoteDrawnOnScreen(m_drawn);
+    }
+    ScreenDC(const ScreenDC&) = delete;
+    ScreenDC& operator=(const ScreenDC&) = delete;
+
+private:
+    Region m_drawn;
+};
+
+// The contexts that GetDC has given and that are not back yet. User-interface thread only.
+std::vector<std::unique_ptr<CDC>>& LentContexts()
+{
+    static std::vector<std::unique_ptr<CDC>> contexts;
+    return contexts;
+}
+
+} // namespace
+
+HDC GetDC(HWND hWnd)
+{
+    if (hWnd && !FindWindowRecord(hWnd))
+        return nullptr;
+    std::unique_ptr<CDC> pDC;
+    if (hWnd)
+        pDC = std::make_unique<CClientDC>(CWnd::FromHandle(hWnd));
+    else
+        pDC = std::make_unique<ScreenDC>();
+    return LentContexts().emplace_back(std::move(pDC))->GetSafeHdc();
+}
+
+int ReleaseDC(HWND, HDC hDC)
+{
+    const CDC* pDC = CDC::FromHandle(hDC);
+    return pDC && std::erase_if(LentContexts(), [&](const auto& pLent) { return pLent.get() == pDC; }) ? 1
+                                                                                                       : 0;
+}

@@ -1,5 +1,5 @@
 // Device contexts on windows: for painting, and for drawing outside of it. Each draws in the window's client
-// coordinates, clipped to what is visible of it.
+// coordinates, clipped to what is visible of it. And one on the whole screen.
 #pragma once
 
 #include "platform/graphics/DC.h"
@@ -48,3 +48,11 @@ public:
     using CClientDC::CClientDC;
     ~CWindowDC() override;
 };
+
+/// A context to draw at once on what is visible of a window or, with null, on the whole screen over all
+/// windows, in screen coordinates. What is drawn on the screen with R2_XORPEN stays apart from what windows
+/// paint: drawing it again removes it, whatever they painted meanwhile.
+/// @return null for a handle without window; give it back by ReleaseDC
+SPLITFRAME_PLATFORM_API HDC GetDC(HWND hWnd);
+/// @return 0 when the context is none that GetDC gave, else 1
+SPLITFRAME_PLATFORM_API int ReleaseDC(HWND hWnd, HDC hDC);

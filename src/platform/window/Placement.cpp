@@ -72,8 +72,8 @@ bool SendPlace(HWND hWnd, bool bMoved, bool bSized)
     }
     WindowRecord* pRecord = FindWindowRecord(hWnd);
     if (bSized && pRecord) {
-        const UINT nType = (pRecord->dwStyle & WS_MAXIMIZE) != 0   ? SIZE_MAXIMIZED
-                           : (pRecord->dwStyle & WS_MINIMIZE) != 0 ? SIZE_MINIMIZED
+        const UINT nType = (pRecord->dwStyle & WS_MINIMIZE) != 0   ? SIZE_MINIMIZED
+                           : (pRecord->dwStyle & WS_MAXIMIZE) != 0 ? SIZE_MAXIMIZED
                                                                    : SIZE_RESTORED;
         const RECT& rc = pRecord->rc;
         Dispatcher::Send(*pRecord, WM_SIZE, nType, MAKELPARAM(rc.right - rc.left, rc.bottom - rc.top));
@@ -104,6 +104,15 @@ void FollowDisplaySize(const SIZE& size)
     }
     for (const HWND hEach : covering)
         SetWindowPos(hEach, nullptr, 0, 0, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void FollowDisplayIcon(bool bIcon)
+{
+    WindowRecord* pMain = FindWindowRecord(MainTopLevel());
+    if (!pMain || bIcon == ((pMain->dwStyle & WS_MINIMIZE) != 0))
+        return;
+    pMain->dwStyle ^= WS_MINIMIZE;
+    SendPlace(pMain->Handle(), false, true);
 }
 
 } // namespace splitframe
@@ -166,10 +175,12 @@ BOOL ShowWindow(HWND hWnd, int nCmdShow)
         pRecord->dwStyle &= ~(WS_MAXIMIZE | WS_MINIMIZE);
     const UINT nFlags = SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER;
     SetWindowPos(hWnd, nullptr, 0, 0, 0, 0, nFlags | (nCmdShow == SW_HIDE ? SWP_HIDEWINDOW : SWP_SHOWWINDOW));
-    if (nCmdShow == SW_HIDE)
+    if (nCmdShow == SW_HIDE) {
+        LeaveActivation(hWnd);
         LeaveFocus(hWnd);
-    else if (bTopLevel && nCmdShow != SW_SHOWNA && nCmdShow != SW_SHOWNOACTIVATE && !GetActiveWindow())
+    } else if (bTopLevel && nCmdShow != SW_SHOWNA && nCmdShow != SW_SHOWNOACTIVATE && !GetActiveWindow()) {
         SetActiveWindow(hWnd);
+    }
     return bWasShown;
 }
 
@@ -187,7 +198,9 @@ BOOL EnableWindow(HWND hWnd, BOOL bEnable)
     const BOOL bWasDisabled = (pRecord->dwStyle & WS_DISABLED) != 0 ? TRUE : FALSE;
     if (bWasDisabled == (bEnable ? TRUE : FALSE)) {
         pRecord->dwStyle ^= WS_DISABLED;
-        Dispatcher::Send(*pRecord, WM_ENABLE, bEnable ? 1 : 0, 0);
+        if (!bEnable)
+            LeaveCapture(hWnd);
+        SendMessage(hWnd, WM_ENABLE, bEnable ? 1 : 0);
     }
     return bWasDisabled;
 }

@@ -30,5 +30,7 @@ void HideQuietly(WindowRecord& record);
 
 /// The display has a new size: the desktop and the top-level windows that covered it follow.
 void FollowDisplaySize(const SIZE& size);
+/// The display's window became an icon, or is none any more, and with it the application's main window.
+void FollowDisplayIcon(bool bIcon);
 
 } // namespace splitframe

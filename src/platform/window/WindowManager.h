@@ -79,7 +79,7 @@ SPLITFRAME_PLATFORM_API BOOL SetWindowPos(HWND hWnd, HWND hInsertAfter, int x, i
 SPLITFRAME_PLATFORM_API BOOL MoveWindow(HWND hWnd, int x, int y, int cx, int cy, BOOL bRepaint);
 /// SW_HIDE hides, all others show; the maximised and minimised commands set the style bit and leave the
 /// rectangle to the window's owner. Showing activates nothing. Hiding the focus (or its ancestor) moves it to
-/// the parent.
+/// the parent; hiding the active window activates its owner, else another one that is shown.
 /// @return whether the window was visible (its own flag)
 SPLITFRAME_PLATFORM_API BOOL ShowWindow(HWND hWnd, int nCmdShow);
 /// Whether the window and all its ancestors are shown. Being covered or of no size does not matter.
@@ -152,5 +152,8 @@ SPLITFRAME_PLATFORM_API CString DumpWindowTree(HWND hRoot = nullptr);
 
 /// The first broken rule of the window tree in words, or empty: links, z-order, marks, focus and capture.
 SPLITFRAME_PLATFORM_API CString CheckWindowTree();
+
+/// Whether something is drawn on the screen by exclusive or now, over what the windows have painted.
+SPLITFRAME_PLATFORM_API bool IsScreenDrawnOver();
 
 } // namespace splitframe

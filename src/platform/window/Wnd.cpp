@@ -1,7 +1,6 @@
 // The window object: creation, family, place, text, messages.
 #include "platform/window/Wnd.h"
 #include "platform/base/Diagnostics.h"
-#include "platform/display/Display.h"
 #include "platform/window/Dispatch.h"
 #include "platform/window/Lifetime.h"
 #include "platform/window/Marks.h"
@@ -417,13 +416,6 @@ BOOL CWnd::SetMenu(CMenu* pMenu)
         return FALSE;
     pRecord->hMenu = pMenu ? pMenu->GetSafeHmenu() : nullptr;
     return TRUE;
-}
-
-int CWnd::MessageBox(LPCWSTR pszText, LPCWSTR pszCaption, UINT nType)
-{
-    const CCallScope scope;
-    PaintNow();
-    return CurrentDisplay().ShowMessageBox({CString(pszText), CString(pszCaption), nType});
 }
 
 BOOL CWnd::WalkPreTranslateTree(HWND hWndStop, MSG* pMsg)

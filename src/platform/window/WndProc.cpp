@@ -2,6 +2,8 @@
 #include "platform/graphics/DC.h"
 #include "platform/graphics/SystemColors.h"
 #include "platform/window/Dispatch.h"
+#include "platform/window/Input.h"
+#include "platform/window/Screen.h"
 #include "platform/window/WindowClass.h"
 #include "platform/window/WindowTree.h"
 #include "platform/window/Wnd.h"
@@ -76,6 +78,7 @@ namespace {
 LRESULT SetText(WindowRecord& record, LPARAM lParam)
 {
     record.strText = AddressIn<const wchar_t>(lParam);
+    ShowTitle(record);
     return 1;
 }
 
@@ -125,6 +128,34 @@ LRESULT PassToParent(const WindowRecord& record, UINT nMessage, WPARAM wParam, L
     return record.pParent == &Desktop() ? 0 : SendMessage(record.pParent->Handle(), nMessage, wParam, lParam);
 }
 
+// By key: the window has to choose the place.
+LRESULT AskForContextMenuByKey(HWND hWnd)
+{
+    return SendMessage(hWnd, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(hWnd), MAKELPARAM(-1, -1));
+}
+
+LRESULT AskForMenuBar(WindowRecord& record, WPARAM wLetter)
+{
+    return SendMessage(TopLevelOf(record).Handle(), WM_SYSCOMMAND, SC_KEYMENU, static_cast<LPARAM>(wLetter));
+}
+
+// F10 is the key of the menu bar, with Shift that of the context menu. It may have been handed on to this
+// window by the one that has the focus.
+LRESULT OnKey(WindowRecord& record, WPARAM wKey)
+{
+    if (wKey != VK_F10 || GetKeyState(VK_CONTROL) < 0)
+        return 0;
+    if (GetKeyState(VK_SHIFT) >= 0)
+        return AskForMenuBar(record, 0);
+    const HWND hWnd = record.Handle();
+    return AskForContextMenuByKey(IsChild(hWnd, ::GetFocus()) ? ::GetFocus() : hWnd);
+}
+
+LRESULT OnSystemKeyUp(WindowRecord& record, WPARAM wKey)
+{
+    return wKey == VK_MENU && AltWasPressedAlone() ? AskForMenuBar(record, 0) : 0;
+}
+
 LRESULT OnSystemKey(WindowRecord& record, WPARAM wParam, LPARAM lParam)
 {
     constexpr LPARAM altIsDown = LPARAM{1} << 29;
@@ -166,8 +197,16 @@ LRESULT CWnd::DefWindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam)
         return AskForContextMenu(m_hWnd, lParam);
     case WM_CONTEXTMENU:
         return PassToParent(*pRecord, nMessage, wParam, lParam);
+    case WM_KEYDOWN:
+        return OnKey(*pRecord, wParam);
+    case WM_KEYUP:
+        return wParam == VK_APPS ? AskForContextMenuByKey(m_hWnd) : 0;
     case WM_SYSKEYDOWN:
         return OnSystemKey(*pRecord, wParam, lParam);
+    case WM_SYSKEYUP:
+        return OnSystemKeyUp(*pRecord, wParam);
+    case WM_SYSCHAR:
+        return AskForMenuBar(*pRecord, wParam);
     case WM_ACTIVATE:
         return FocusWhenActive(m_hWnd, wParam);
     case WM_CANCELMODE:
