@@ -1,8 +1,11 @@
-// The document and the cursors: setting a text, moving over the elements. Parsing, reading and loading stand
-// in MarkupParse.cpp, MarkupRead.cpp and MarkupLoad.cpp.
+// The document and the cursors: copying, moving over the elements. Parsing, reading, loading, editing and
+// saving stand in MarkupParse.cpp, MarkupRead.cpp, MarkupLoad.cpp, MarkupEdit.cpp and MarkupSave.cpp.
 #include "xml/Markup.h"
 
 #include "xml/MarkupScan.h"
+
+#include <algorithm>
+#include <utility>
 
 using namespace splitframe::markup;
 
@@ -14,6 +17,33 @@ CMarkup::CMarkup()
 CMarkup::CMarkup(const wchar_t* pszDoc)
 {
     SetDoc(pszDoc);
+}
+
+CMarkup::CMarkup(const CMarkup& other)
+{
+    *this = other;
+}
+
+// What can fail comes first, so that the object stays whole without memory.
+void CMarkup::operator=(const CMarkup& other)
+{
+    if (this == &other)
+        return;
+    CString strDoc(other.m_strDoc);
+    CString strFailure(other.m_strFailure);
+    m_aElemPos.SetSize(other.m_aElemPos.GetSize());
+    std::copy(other.m_aElemPos.begin(), other.m_aElemPos.end(), m_aElemPos.begin());
+    m_strDoc = std::move(strDoc);
+    m_strFailure = std::move(strFailure);
+    m_failure = other.m_failure;
+    m_nFailurePos = other.m_nFailurePos;
+    m_iParentPos = other.m_iParentPos;
+    m_iMainPos = other.m_iMainPos;
+    m_iChildPos = other.m_iChildPos;
+    m_iNextFree = other.m_iNextFree;
+    m_nMainKind = other.m_nMainKind;
+    m_iLastAdded = other.m_iLastAdded;
+    m_notes.Forget();
 }
 
 CMarkup::~CMarkup() = default;
@@ -30,7 +60,10 @@ int CMarkup::x_FindElem(int iParentPos, int iPos, const wchar_t* pszName) const
         return iFound;
     const wchar_t* psz = m_strDoc;
     for (; iFound != 0; iFound = m_aElemPos[iFound].iNextSibling) {
-        int nName = m_aElemPos[iFound].nStartTagLeft + 1;
+        const int nLeft = m_aElemPos[iFound].nStartTagLeft;
+        if (!x_IsInside(nLeft))
+            continue;
+        int nName = nLeft + 1;
         if (StartsName(psz[nName]) ? MatchesNameAt(psz, nName, pszName, m_strDoc.GetLength())
                                    : x_MatchesAnyToken(nName, pszName))
             return iFound;

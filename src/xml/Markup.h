@@ -1,6 +1,8 @@
-// CMarkup: reads XML text. It keeps one document as a single text and, for every element, the indices of its
-// two tags in a table of positions; names and values are cut out of the text when they are asked for. Knows
-// text and files; knows nothing of layouts. Nesting is limited by memory only: nothing here recurses.
+// CMarkup: reads and writes XML text. It keeps one document as a single text and, for every element, the
+// indices of its two tags in a table of positions; names and values are cut out of the text when they are
+// asked for. Knows text and files; knows nothing of layouts. Nesting is limited by memory only: nothing here
+// recurses. Editing splices the text and shifts the positions behind the change; nothing is parsed again, and
+// what stands before the change is neither looked at nor moved.
 //
 // Three cursors move over the elements: the parent, the main (current) element and a child of the main
 // element.
@@ -10,6 +12,7 @@
 #include "platform/base/Export.h"
 #include "platform/base/String.h"
 #include "xml/AttribNotes.h"
+#include "xml/TextEdit.h"
 
 namespace splitframe::markup {
 class TagIndex;
@@ -47,8 +50,11 @@ public:
     CMarkup();
     /// The document pszDoc, as by SetDoc.
     explicit CMarkup(const wchar_t* pszDoc);
-    CMarkup(const CMarkup&) = delete;
-    CMarkup& operator=(const CMarkup&) = delete;
+    /// A copy has the same document and cursors, and no error text.
+    CMarkup(const CMarkup& other);
+    /// Takes the other's document and cursors over; the own error text stays. Assigning an object to itself
+    /// changes nothing.
+    void operator=(const CMarkup& other);
     virtual ~CMarkup();
 
     /// Replaces the document and parses it; no cursor is set afterwards. Only the first element at document
@@ -94,6 +100,73 @@ public:
     /// decoded.
     CString GetData() const { return x_GetData(m_iMainPos); }
     CString GetChildData() const { return x_GetData(m_iChildPos); }
+
+    /// Adds an element behind the main element, or at the end of the parent's content when there is none, and
+    /// makes it the main element. At document level it becomes the root, of which there is only one. Every
+    /// new element stands on a line of its own, which ends with CR LF.
+    /// @param pszName  written as it is, unchecked; an element without a name (null or empty) is refused
+    /// @param pszData  its text, encoded; null or empty for none. GetData gives it back exactly, until the
+    /// element gets children
+    /// @return false when nothing was added and nothing has changed
+    bool AddElem(const wchar_t* pszName, const wchar_t* pszData = nullptr)
+    {
+        return x_AddElem(pszName, pszData, false, false);
+    }
+    /// The same inside the main element: behind its child position, or at the end; the new element becomes
+    /// the child position. Without a main element it is refused.
+    bool AddChildElem(const wchar_t* pszName, const wchar_t* pszData = nullptr)
+    {
+        return x_AddElem(pszName, pszData, false, true);
+    }
+    /// Sets an attribute of the main element; one that it does not have yet is added at the end of its tag.
+    /// GetAttrib gives the value back exactly, under these conditions: the name is one token (no white space
+    /// and none of "<>=\/?!" or quotes in it), and the tag does not hold the name in another form than
+    /// name="value" already, nor a '>' inside of a value: reading takes the first '>' for the tag's end and
+    /// the first appearance of a name for the attribute.
+    /// @param pszAttrib  written as it is, unchecked; null or empty is refused
+    /// @param pszValue  null means empty
+    /// @return false when nothing was set and nothing has changed
+    bool SetAttrib(const wchar_t* pszAttrib, const wchar_t* pszValue)
+    {
+        return x_SetAttrib(m_iMainPos, pszAttrib, pszValue);
+    }
+    bool AddAttrib(const wchar_t* pszAttrib, const wchar_t* pszValue)
+    {
+        return SetAttrib(pszAttrib, pszValue);
+    }
+    /// The same for the child element.
+    bool SetChildAttrib(const wchar_t* pszAttrib, const wchar_t* pszValue)
+    {
+        return x_SetAttrib(m_iChildPos, pszAttrib, pszValue);
+    }
+    bool AddChildAttrib(const wchar_t* pszAttrib, const wchar_t* pszValue)
+    {
+        return SetChildAttrib(pszAttrib, pszValue);
+    }
+
+    /// What SetAttrib would do, without doing it: so that a file can be changed where its bytes are kept (see
+    /// FileText::Apply).
+    /// @param edit  out: the change of the document; untouched when the answer is false
+    /// @return false where SetAttrib would be refused, and where a '>' inside of a value has cut the tag, so
+    /// that what belongs to it is not certain
+    bool PlanAttrib(const wchar_t* pszAttrib, const wchar_t* pszValue, TextEdit& edit) const
+    {
+        return x_PlanAttrib(m_iMainPos, pszAttrib, pszValue, edit);
+    }
+    bool PlanChildAttrib(const wchar_t* pszAttrib, const wchar_t* pszValue, TextEdit& edit) const
+    {
+        return x_PlanAttrib(m_iChildPos, pszAttrib, pszValue, edit);
+    }
+
+    /// Writes the document as UTF-16, low byte first, without a byte-order mark. Load takes such a file for
+    /// narrow text and refuses it: what is to be loaded again is written by SaveWithMark.
+    /// An empty document is not written; a file that can be opened is emptied then.
+    /// @return 1 @throw CFileException when not everything could be written; the document stays as it is
+    int Save(const wchar_t* pszFileName) const;
+    /// Writes the document as Save does, behind the mark FF FE: Load reads exactly this document back. A file
+    /// of that name is replaced in one step once all is written; until then it stays as it was.
+    /// @throw CFileException when the file can not be written; document and old file stay as they are
+    void SaveWithMark(const wchar_t* pszFileName) const;
 
     /// Where the start tag of the main (child) element begins, or -1 when that cursor is not set.
     int GetElemPos() const { return x_GetStart(m_iMainPos); }
@@ -159,6 +232,29 @@ protected:
         m_nMainKind = iPos != 0 ? MNK_ELEMENT : MNK_NONE;
     }
 
+    /// Adds an element to the parent or, as a child, to the main element; in front of the position it is
+    /// otherwise added behind with bInsert.
+    bool x_AddElem(const wchar_t* pszName, const wchar_t* pszData, bool bInsert, bool bAddChild);
+    /// Flags of x_LocateNew.
+    enum LocateFlags
+    {
+        LOCATE_INSERT = 1,    // in front of the entry instead of behind it
+        LOCATE_KEEP_INDEX = 2 // do not move over white space
+    };
+    /// Finds out where something new goes.
+    /// @param iPos  the entry to go behind (0: at the end), or in front of; then the entry to link behind, 0
+    /// for none
+    /// @param nIndex  out: the place in the text; in, with a length: where something of that length stands
+    void x_LocateNew(int iParentPos, int& iPos, int& nIndex, int nLength, int nFlags);
+    /// Shifts all positions behind an entry by nShift; its own stay. @param bAfterPos  those inside it stay,
+    /// too
+    void x_Adjust(int iPos, int nShift, bool bAfterPos = false);
+    /// Replaces nReplace characters at nLeft; both are clamped to the document. Positions stay as they are.
+    void x_DocChange(int nLeft, int nReplace, const CString& strInsert);
+    bool x_SetAttrib(int iPos, const wchar_t* pszAttrib, const wchar_t* pszValue);
+    /// Text with entities in place of "<&>", and of both quotes when it is for an attribute.
+    CString x_TextToDoc(const wchar_t* pszText, bool bAttrib = false) const;
+
     CString m_strDoc;
     CString m_strError;
     CArray<ElemPos, ElemPos&> m_aElemPos;
@@ -171,6 +267,22 @@ protected:
 private:
     template <class Finder> class Parser;
 
+    class Argument;
+    struct NewElem;
+    struct NewAttrib;
+
+    // Positions leave the text when a value is set in a tag that a raw '>' has cut.
+    bool x_IsInside(int nPos) const
+    {
+        return static_cast<unsigned>(nPos) < static_cast<unsigned>(m_strDoc.GetLength());
+    }
+    int x_FindLastChild(int iParentPos);
+    void x_Link(int iPos, int iParentPos, int iAfter);
+    wchar_t* x_OpenGap(int nLeft, int nReplace, int nLength);
+    int x_InsertText(int iParentPos, int& nIndex, const NewElem& elem);
+    bool x_LocateAttrib(int iPos, const wchar_t* pszAttrib, int& nLeft, int& nReplace) const;
+    bool x_PlanAttrib(int iPos, const wchar_t* pszAttrib, const wchar_t* pszValue, TextEdit& edit) const;
+    bool x_IsTagWhole(int iPos) const;
     int x_GetStart(int iPos) const { return iPos != 0 ? m_aElemPos[iPos].nStartTagLeft : -1; }
     bool x_MatchesAnyToken(int nScan, const wchar_t* pszName) const;
     bool x_SetText(CString&& strText);
@@ -181,6 +293,9 @@ private:
     Failure m_failure = Failure::Malformed;
     CString m_strFailure;
     int m_nFailurePos = -1;
+    // Where the search for the last child of its parent starts, so that appending does not walk over all
+    // children.
+    int m_iLastAdded = 0;
     // Of the tag that was read last; forgotten when the document changes.
     mutable splitframe::markup::AttribNotes m_notes;
 };

@@ -6,6 +6,7 @@
 #include "xml/MarkupScan.h"
 #include "xml/TagIndex.h"
 
+#include <algorithm>
 #include <cwchar>
 #include <functional>
 #include <limits>
@@ -215,7 +216,7 @@ private:
     // Finds the next tag inside the open element, past comments and other nodes.
     Tag ReadTag(int i)
     {
-        int nScan = m_pTable[m_iOpen].nEndTagLeft;
+        int nScan = std::max(m_pTable[m_iOpen].nEndTagLeft, 0);
         for (;;) {
             const int nLeft = m_finder.FindOpen(nScan);
             if (nLeft == m_nEnd) // the start tag that has no end is where a reader has to look
@@ -380,6 +381,7 @@ bool CMarkup::x_ParseDoc(TagIndex& index, const wchar_t* pText)
     m_iNextFree = 1;
     x_SetPos(0, 0, 0);
     m_nFailurePos = -1;
+    m_iLastAdded = 0;
     m_notes.Forget();
     const int nLength = m_strDoc.GetLength();
     if (const int nEntries = nLength / 64 + 8; m_aElemPos.GetSize() < nEntries)

@@ -2,6 +2,7 @@
 #include "xml/Markup.h"
 
 #include "xml/AttribNotes.inl"
+#include "xml/Entities.h"
 #include "xml/MarkupScan.h"
 
 #include <algorithm>
@@ -12,16 +13,6 @@
 using namespace splitframe::markup;
 
 namespace {
-
-struct Entity
-{
-    std::wstring_view name;
-    wchar_t ch;
-};
-
-constexpr Entity ENTITIES[] = {
-    {L"lt;", L'<'}, {L"amp;", L'&'}, {L"gt;", L'>'}, {L"apos;", L'\''}, {L"quot;", L'"'},
-};
 
 // The entity that the text begins with, or null.
 const Entity* FindEntity(std::wstring_view text)
@@ -132,7 +123,7 @@ CString CMarkup::x_GetToken(const TokenPos& token) const
 
 CString CMarkup::x_GetTagName(int iPos) const
 {
-    if (iPos == 0)
+    if (iPos == 0 || !x_IsInside(m_aElemPos[iPos].nStartTagLeft))
         return CString();
     TokenPos token(m_strDoc);
     token.nScanPos = m_aElemPos[iPos].nStartTagLeft + 1;
@@ -144,6 +135,8 @@ CString CMarkup::x_GetAttrib(int iPos, const wchar_t* pszAttrib) const
     if (iPos == 0 || m_nMainKind != MNK_ELEMENT || !pszAttrib)
         return CString();
     const ElemPos& elem = m_aElemPos[iPos];
+    if (!x_IsInside(elem.nStartTagLeft))
+        return CString();
     if (*pszAttrib != 0 && splitframe::UnitsOf(*pszAttrib) == 1) {
         AttribNotes::Value value;
         switch (m_notes.Find(m_strDoc, elem.nStartTagLeft, m_strDoc.GetLength(), pszAttrib, value)) {
@@ -189,7 +182,8 @@ bool CMarkup::x_FindAttrib(TokenPos& token, const wchar_t* pszAttrib) const
 CString CMarkup::x_GetData(int iPos) const
 {
     const ElemPos& elem = m_aElemPos[iPos];
-    if (iPos == 0 || elem.iFirstChild != 0 || elem.IsEmptyElement())
+    if (iPos == 0 || elem.iFirstChild != 0 || elem.IsEmptyElement() || !x_IsInside(elem.nStartTagRight) ||
+        elem.nEndTagLeft > m_strDoc.GetLength())
         return CString();
     static constexpr std::wstring_view OPENING = L"<![CDATA[";
     static constexpr std::wstring_view CLOSING = L"]]>";

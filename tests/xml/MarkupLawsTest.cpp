@@ -229,4 +229,35 @@ TEST(MarkupLaws, ReadingAValueCostsItsElementOnly)
     EXPECT_LT(dSeconds / 1000, dParse / 10);
 }
 
+void Append(CMarkup& markup, int nChildren, bool bResetCursor)
+{
+    markup.SetDoc(L"<r><!-- the first line --></r>");
+    markup.FindElem();
+    for (int i = 0; i < nChildren; ++i) {
+        markup.AddChildElem(L"unit");
+        markup.SetChildAttrib(L"name", L"value");
+        if (bResetCursor)
+            markup.ResetChildPos();
+    }
+}
+
+TEST(MarkupLaws, AppendingCostsTheSameHoweverLongTheDocumentIs)
+{
+    constexpr int SMALL = 5000;
+    for (const bool bResetCursor : {false, true}) {
+        CMarkup markup;
+        const double dSmall = LeastSeconds([&] { Append(markup, SMALL, bResetCursor); });
+        const double dLarge = LeastSeconds([&] { Append(markup, 10 * SMALL, bResetCursor); });
+        EXPECT_LT(dLarge, 20 * dSmall + 0.1);
+        // One more edit at the end takes its share of that and not a new pass over the document.
+        const double dMore = LeastSeconds([&] {
+            for (int i = 0; i < SMALL; ++i) {
+                markup.AddChildElem(L"unit");
+                markup.SetChildAttrib(L"name", L"value");
+            }
+        });
+        EXPECT_LT(dMore, dLarge + 0.1);
+    }
+}
+
 } // namespace

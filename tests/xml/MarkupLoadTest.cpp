@@ -1,33 +1,27 @@
-// Loading files: encodings, marks, cut and missing files.
+// Loading and saving files: encodings, marks, cut and missing files, files that can not be written.
+#include "platform/base/Exception.h"
+#include "xml/FileText.h"
 #include "xml/Markup.h"
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
+#include "support/TempFolder.h"
+
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 namespace {
 
 class MarkupLoad : public testing::Test
 {
 protected:
-    MarkupLoad()
-    {
-        std::string name = std::filesystem::temp_directory_path() / "splitframe-markup-XXXXXX";
-        m_directory = mkdtemp(name.data());
-    }
-    ~MarkupLoad() override { std::filesystem::remove_all(m_directory); }
-
-    CString Path(const std::string& name) const { return CString((m_directory / name).c_str()); }
+    CString Path(const char* pszName) const { return m_folder.Path(pszName); }
     CString Write(const std::string& bytes) const
     {
-        const CString strPath = Path("file.xml");
-        std::ofstream(strPath.ToUtf8(), std::ios::binary) << bytes;
-        return strPath;
+        m_folder.Write("file.xml", bytes);
+        return Path("file.xml");
     }
 
-    std::filesystem::path m_directory;
+    test::TempFolder m_folder;
 };
 
 std::string Utf16(const std::wstring& text)
@@ -124,6 +118,120 @@ TEST_F(MarkupLoad, EveryPrefixOfAFile)
             EXPECT_EQ(markup.Load(Write(bytes.substr(0, n))),
                       n == bytes.size() || (n == bytes.size() - 1 && bytes == wide) ? 1 : 0);
         }
+    }
+}
+
+TEST_F(MarkupLoad, SavesUtf16)
+{
+    CMarkup markup(L"<a>\x4E2D\U0001F600</a>\r\n");
+    markup.FindElem();
+    markup.AddChildElem(L"b", CString(L'\xFF41', 100000));
+    const CString strPath = Write("what was there before");
+    EXPECT_EQ(markup.Save(strPath), 1);
+    const std::string bytes = Utf16(std::wstring(markup.GetDoc().View()));
+    EXPECT_EQ(bytes.size(), 2U * static_cast<unsigned>(markup.GetDoc().GetLength()));
+    EXPECT_TRUE(m_folder.Read("file.xml") == bytes);
+    markup.SaveWithMark(strPath);
+    EXPECT_TRUE(m_folder.Read("file.xml") == "\xFF\xFE" + bytes);
+}
+
+TEST_F(MarkupLoad, ReadsBackWhatIsSavedWithTheMark)
+{
+    const CString strPath = Path("file.xml");
+    for (const wchar_t* pszText : {L"<a/>", L"\xFEFF<a/>", L"<a b='\xD83D \U0001F600\r\n'>\x80</a>",
+                                   L"<a>a text that is longer than forty-four bytes</a>"}) {
+        SCOPED_TRACE(CString(pszText).ToUtf8());
+        CMarkup(pszText).SaveWithMark(strPath);
+        CMarkup markup;
+        EXPECT_EQ(markup.Load(strPath), 1);
+        EXPECT_TRUE(markup.GetDoc() == pszText);
+    }
+    CMarkup().SaveWithMark(strPath);
+    CMarkup empty(L"<before/>");
+    empty.Load(strPath);
+    EXPECT_TRUE(empty.GetDoc().IsEmpty());
+}
+
+TEST_F(MarkupLoad, SavingWhereItIsNotPossibleThrowsAndKeepsTheDocument)
+{
+    CMarkup markup(L"<a b='1'/>");
+    markup.FindElem();
+    for (const CString& strPath : {Path("missing/file.xml"), Path("."), CString(), CString(L"/dev/full")}) {
+        SCOPED_TRACE(strPath.ToUtf8());
+        for (const bool bMark : {false, true}) {
+            try {
+                bMark ? markup.SaveWithMark(strPath) : static_cast<void>(markup.Save(strPath));
+                ADD_FAILURE() << "saved";
+            } catch (CFileException* pException) {
+                pException->Delete();
+            }
+        }
+        EXPECT_EQ(CMarkup().Save(strPath), 1); // nothing to write, nothing to fail
+    }
+    EXPECT_TRUE(markup.GetAttrib(L"b") == L"1");
+    EXPECT_EQ(m_folder.Names(), ""); // no half-written file stays behind
+}
+
+// The file's bytes with another value for attribute r of every b in the root.
+std::string SetRates(const CString& strPath, const wchar_t* pszValue)
+{
+    CMarkup markup;
+    markup.Load(strPath);
+    std::vector<TextEdit> edits;
+    while (markup.FindChildElem(L"b"))
+        EXPECT_TRUE(markup.PlanChildAttrib(L"r", pszValue, edits.emplace_back()));
+    return FileText(strPath).Apply(edits);
+}
+
+TEST_F(MarkupLoad, ChangesKeepEveryOtherByteOfTheFile)
+{
+    struct Case
+    {
+        const char* what;
+        std::string before;
+        std::string after;
+    };
+    const std::string emoji = "\xF0\x9F\x98\x80";
+    const Case cases[] = {
+        {"values and a new attribute", "<a>\t<b  r = '1' /><c r='1'/><!-- x --><b></b> </a >\n",
+         "<a>\t<b  r = '&lt;\xC3\xA9' /><c r='1'/><!-- x --><b r=\"&lt;\xC3\xA9\"></b> </a >\n"},
+        {"a mark and long characters", "\xEF\xBB\xBF<a " + emoji + "='\xE4\xB8\xAD'><b r=''/></a>" + emoji,
+         "\xEF\xBB\xBF<a " + emoji + "='\xE4\xB8\xAD'><b r='&lt;\xC3\xA9'/></a>" + emoji},
+        {"bytes that are no UTF-8", "<a \xE9='\xF0\x9F\x98'>\xFF<b r='\xC0\x80'/></a>\xE9",
+         "<a \xE9='\xF0\x9F\x98'>\xFF<b r='&lt;\xC3\xA9'/></a>\xE9"},
+        {"zeros at the end", std::string("<a><b r='1'/></a>\0\0x\0", 21),
+         std::string("<a><b r='&lt;\xC3\xA9'/></a>\0\0x\0", 26)},
+        {"UTF-16, odd last byte", "\xFF\xFE" + Utf16(L"<a>\xD83D\xDE00\xD800<b r='12'/></a>") + "x",
+         "\xFF\xFE" + Utf16(L"<a>\xD83D\xDE00\xD800<b r='&lt;\xE9'/></a>") + "x"},
+        {"nothing to change", "<a/>\xFF", "<a/>\xFF"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        EXPECT_EQ(SetRates(Write(c.before), L"<\xE9"), c.after);
+    }
+}
+
+TEST(MarkupPlan, TellsWhatSettingAnAttributeDoes)
+{
+    for (const wchar_t* pszText : {L"<a/>", L"<a x='1' y='2'></a>", L"<a y='/' />", L"<a b x=1>x</a>"}) {
+        SCOPED_TRACE(CString(pszText).ToUtf8());
+        CMarkup markup(pszText);
+        TextEdit edit;
+        EXPECT_FALSE(markup.PlanAttrib(L"x", L"v", edit));
+        markup.FindElem();
+        ASSERT_TRUE(markup.PlanAttrib(L"x", L"it's", edit));
+        EXPECT_FALSE(markup.PlanAttrib(nullptr, L"v", edit));
+        EXPECT_FALSE(markup.PlanChildAttrib(L"x", L"v", edit));
+        const CString strPlanned =
+            markup.GetDoc().Left(edit.nPos) + edit.strText + markup.GetDoc().Mid(edit.nPos + edit.nCount);
+        markup.SetAttrib(L"x", L"it's");
+        EXPECT_TRUE(markup.GetDoc() == strPlanned);
+    }
+    for (const wchar_t* pszText : {L"<a x='1>2'></a>", L"<a x='>'/>", L"<a x='1></a>"}) {
+        CMarkup markup(pszText);
+        markup.FindElem();
+        TextEdit edit;
+        EXPECT_FALSE(markup.PlanAttrib(L"x", L"v", edit)) << "what belongs to the tag is not certain";
     }
 }
 
