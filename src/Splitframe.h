@@ -13,6 +13,8 @@
 #include "platform/base/Diagnostics.h"
 #include "platform/docview/DocTemplate.h"
 #include "platform/docview/WinApp.h"
+#include "platform/file/Archive.h"
+#include "platform/file/MemFile.h"
 #include "platform/graphics/Brush.h"
 #include "platform/graphics/DC.h"
 #include "platform/graphics/Font.h"
@@ -23,3 +25,4 @@
 #include "platform/window/Wnd.h"
 #include "unit/BaseUnitWnd.h"
 #include "xml/Markup.h"
+#include "xml/XmlAnalysis.h"

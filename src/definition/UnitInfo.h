@@ -22,6 +22,10 @@ public:
     /// stay.
     CBaseUnitInfo& operator=(CBaseUnitInfo& other);
 
+    /// Writes or reads the record's archive form, which leaves out the global flag, the size limits and the
+    /// weights: reading does not change those. What an exception interrupts is half read, and safe.
+    void Serialize(CArchive& ar) override;
+
     /// The key by which styles, split lines, caches and the host find the unit; also the window's text.
     CString m_strName;
     /// A global unit that at least one style places: its window is lent by the main frame, not created.

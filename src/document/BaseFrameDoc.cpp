@@ -1,6 +1,6 @@
 // The frame document itself: what it is made from, its look-ups, its current unit, and its end. Making the
-// units is in FrameUnits.cpp, global units in GlobalUnits.cpp, the tree in FrameTree.cpp, the caches in
-// UnitCache.cpp.
+// units is in FrameUnits.cpp, switching styles in StyleSwitch.cpp, global units in GlobalUnits.cpp, the tree
+// in FrameTree.cpp, the caches in UnitCache.cpp.
 #include "document/BaseFrameDoc.h"
 
 #include "definition/FrameStyle.h"
@@ -32,6 +32,15 @@ template <class TYPE> void AppendPointers(CArray<TYPE*, TYPE*>& arr, TYPE* const
 {
     for (int i = 0; pp && i < nCount; ++i)
         arr.Add(pp[i]);
+}
+
+// Deletes what a list names, first to last. The list is empty before the first one goes.
+template <class TYPE> void DeleteAll(CArray<TYPE*, TYPE*>& arr)
+{
+    const std::vector<TYPE*> arrDoomed(arr.begin(), arr.end());
+    arr.RemoveAll();
+    for (TYPE* pDoomed : arrDoomed)
+        delete pDoomed;
 }
 
 } // namespace
@@ -112,6 +121,11 @@ void CBaseFrameDoc::MakeHelper(const GUID& guid)
             Report(L"no usable helper class has this GUID; the frame gets the default helper", CString());
         pHelper = std::make_unique<CBaseFrameHelper>();
     }
+    OwnHelper(std::move(pHelper));
+}
+
+void CBaseFrameDoc::OwnHelper(std::unique_ptr<CBaseFrameHelper> pHelper)
+{
     ReleaseHelper();
     m_pHelper = pHelper.release();
     m_bAutoDeleteHelper = true;
@@ -150,6 +164,8 @@ CBaseUnitInfo* CBaseFrameDoc::GetBaseUnitInfo(int nIndex)
 CBaseUnitInfo* CBaseFrameDoc::GetBaseUnitInfo(const wchar_t* pszName)
 {
     const CString strName(pszName);
+    if (m_pRecordNames)
+        return m_pRecordNames->Find(strName);
     for (CBaseUnitInfo* pInfo : m_arrBaseUnitInfo) {
         if (pInfo->m_strName == strName)
             return pInfo;
@@ -188,10 +204,14 @@ CBaseUnitWnd* CBaseFrameDoc::GetBaseUnitWnd(CPoint pt)
     return nullptr;
 }
 
+CBaseFrameStyle* CBaseFrameDoc::FindStyle(int nStyle)
+{
+    return nStyle >= 0 && nStyle < m_arrStyle.GetSize() ? m_arrStyle[nStyle] : nullptr;
+}
+
 CBaseFrameStyle* CBaseFrameDoc::FindCurrentStyle()
 {
-    const bool bInside = m_nCurStyle >= 0 && m_nCurStyle < m_arrStyle.GetSize();
-    return bInside ? m_arrStyle[m_nCurStyle] : nullptr;
+    return FindStyle(m_nCurStyle);
 }
 
 const wchar_t* CBaseFrameDoc::GetCurrentStyleName()
@@ -259,9 +279,10 @@ void CBaseFrameDoc::SetRoot()
     CSplitLine::m_pRoot = m_pRoot;
 }
 
+// A document that never had a view is none whose view is gone.
 bool CBaseFrameDoc::IsViewGone() const
 {
-    return m_pView && !::IsWindow(m_hView);
+    return m_bViewDying || ((m_pView || m_hView) && !::IsWindow(m_hView));
 }
 
 void CBaseFrameDoc::Close()
@@ -275,20 +296,15 @@ void CBaseFrameDoc::Close()
 void CBaseFrameDoc::Clear()
 {
     DocumentList::DefinitionIsCleared(this);
-    while (!m_arrStyle.IsEmpty()) {
-        CBaseFrameStyle* pStyle = m_arrStyle[0];
-        m_arrStyle.RemoveAt(0);
-        delete pStyle;
-    }
-    while (!m_arrBaseUnitInfo.IsEmpty()) {
-        CBaseUnitInfo* pInfo = m_arrBaseUnitInfo[0];
-        m_arrBaseUnitInfo.RemoveAt(0);
-        delete pInfo;
-    }
+    m_arrReadStyle.clear();
+    m_arrReadUnit.clear();
+    DeleteAll(m_arrStyle);
+    DeleteAll(m_arrBaseUnitInfo);
 }
 
 bool CBaseFrameDoc::ViewIsDying()
 {
+    m_bViewDying = true;
     const bool bHadUnits = SendGlobalUnitsHome();
     const bool bHadRoot = m_pRoot && CSplitLine::m_pRoot == m_pRoot;
     if (bHadRoot)
@@ -314,15 +330,7 @@ void CBaseFrameDoc::ForgetUnit(const CBaseUnitWnd* pUnit)
 {
     m_pUnitNames = nullptr;
     ForgetCached(pUnit);
-    for (int i = m_arrBaseUnitWnd.GetSize() - 1; i >= 0; --i) {
-        if (m_arrBaseUnitWnd[i] != pUnit)
-            continue;
-        m_arrBaseUnitWnd.RemoveAt(i);
-        if (i < m_arrBaseUnitWndID.GetSize())
-            m_arrBaseUnitWndID.RemoveAt(i);
-        if (i < m_nCurBaseUnitWnd)
-            --m_nCurBaseUnitWnd; // the current unit stays the current one
-    }
+    RemoveUnit(pUnit);
 }
 
 void CBaseFrameDoc::Report(const wchar_t* pszMessage, const CString& strName)

@@ -20,6 +20,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class CBaseFrameHelper;
@@ -35,6 +36,8 @@ namespace splitframe {
 class CUnitObserver;
 class DocumentList;
 class LineNames;
+class NewUnit;
+class RecordNames;
 class SideNumbers;
 class UnitNames;
 struct SplitSides;
@@ -108,6 +111,32 @@ public:
     /// outlive it; when it goes first, this document gives up what it shares.
     void Init(CBaseFrameDoc* pDefinition);
 
+    // Archives. A frame's archive holds its name, its unit records, its styles as lists of unit names, and
+    // the current style; no split lines, parameters, size limits or helper.
+
+    /// Writes the frame to an archive, or reads one and appends its records and styles to those that are
+    /// there. A style entry that names none of the document's records places the global unit of that name;
+    /// without one it is dropped. What is read belongs to this document: Clear() frees it, and so does the
+    /// closing of the document.
+    /// @throw CArchiveException for an archive that ends too early; what was read so far stays
+    void Serialize(CArchive& ar) override;
+
+    /// Completes what was read from an archive, so that it can be shown: split lines, parameters and size
+    /// limits come from the main frame's definition of the same frame name, for styles and units of the same
+    /// name, and stay as they are for others; a unit without a parameter gets the empty one. A current style
+    /// outside the list becomes the first, and a document without a helper gets one of its own, of the class
+    /// that the definition's has. What is complete already stays as it is.
+    /// @return whether the main frame has a definition of that name
+    bool TakeFromDefinition();
+
+    /// Opens a frame that was saved (Serialize, then TakeFromDefinition). The document is then shown like any
+    /// other: CDocTemplate::OpenDocumentFile does both.
+    /// @return FALSE, after telling the user, when the file can not be read or holds no style
+    BOOL OnOpenDocument(const wchar_t* pszPathName) override;
+
+    /// Frees what was read from archives.
+    void DeleteContents() override;
+
     virtual int GetBaseUnitInfoCount();
     /// The record at a position; outside the list the invalid-argument exception.
     virtual CBaseUnitInfo* GetBaseUnitInfo(int nIndex);
@@ -145,6 +174,24 @@ public:
     /// The cached window at a position; outside the list the invalid-argument exception.
     virtual CBaseUnitWnd* GetWndCache(int nIndex);
 
+    /// Switches the open frame to another of its styles. A unit that the new style names by the unit ID that
+    /// it has now stays the same window, visible all along; the others are hidden and kept in the cache, and
+    /// missing ones are taken from there or made. In this order: OnStyleChange(false) of the old units,
+    /// OnStyleInitial and OnCalcWindowRect of the helper, OnStyleChange(true) of the new units, the focus to
+    /// the first one, which becomes the current unit, and the layout of the new tree in the view's client
+    /// area. A switch to the current style only takes the style's global units into the view again. A switch
+    /// that a hook asks for while units are being made or exchanged is carried out when that is done: the
+    /// last one asked for counts. A hook that closes the frame ends the switch.
+    /// @param bHandleStyle  tells the global units of the style the frame's name (CBaseUnitWnd::HandleStyle)
+    /// An index outside the list raises the invalid-argument exception, and nothing changes; so does a style
+    /// with fewer parameters than units, after the old units have left. What a hook throws passes through.
+    /// Both leave the frame with the new style and without its tree, until the next switch.
+    virtual void ChangeStyle(int nStyle, bool bHandleStyle);
+    /// The same by name, case ignored; the first style of that name is taken, and nothing happens when it is
+    /// the current one.
+    /// @return false when the frame has no style of that name; then nothing has changed
+    virtual bool ChangeStyle(const wchar_t* pszStyle);
+
     BOOL OnNewDocument() override;
 
     /// Makes this document's split tree the active one (CSplitLine::m_pRoot).
@@ -164,8 +211,8 @@ public:
     /// Asks the frame that shows the document to close (WM_CLOSE, sent). Nothing happens without a view.
     void Close();
 
-    /// Deletes the styles and unit records. Only for definition documents; documents opened from this one
-    /// give up the records and styles they share.
+    /// Deletes the styles and unit records. Only for definition documents and for what was read from an
+    /// archive; documents opened from this one give up the records and styles they share.
     void Clear();
 
     /// Deletes the split tree and the cached windows. The view calls it at its end.
@@ -221,8 +268,9 @@ public:
     CArray<int, int> m_arrBaseUnitWndID;                // unit ID of each window of m_arrBaseUnitWnd
 
 protected:
-    /// What a split line's side names: a split line of the style (its node), a window of this document, or a
-    /// global unit, which is then adopted. Null if nothing has that name.
+    /// What a split line's side names: a split line of the style (its node), a window of this document, a
+    /// global unit, which is then adopted, or the window that came from another style in place of the unit of
+    /// that name. Null if nothing has that name.
     /// @param arrNode  the nodes being linked, one for each of the style's split lines
     CSplitLine* GetObjFromName(CArray<CSplitLine*, CSplitLine*>& arrNode, CBaseFrameStyle* pStyle,
                                const wchar_t* pszName);
@@ -237,13 +285,13 @@ protected:
     /// @return 1 when a style names that unit ID, else 0
     int IsSameWnd(int nStyle, int nID);
 
-    /// Appends all windows of the current style, with their IDs, to the cache.
+    /// Appends all windows of the current style, with their IDs, to the cache, but for those that are in it.
     void UpdateBaseUnitWndCache();
 
     /// Takes the first cached window of that name (exact) out of the cache. Null if none.
     CBaseUnitWnd* GetBaseUnitWndCache(CString strName);
 
-    /// Takes the first cached window of that ID out of the cache and shows it.
+    /// Takes the first cached window of that ID into the view, shows it, and takes it out of the cache.
     /// @return 1 when found, else 0; then *ppUnit is left alone
     int GetBaseUnitWndCache(int nID, CBaseUnitWnd** ppUnit);
 
@@ -266,16 +314,54 @@ private:
         bool bFirst;
     };
 
+    // A unit that a switch carried over into the place of another one.
+    struct CarriedUnit
+    {
+        CString strEntry; // the unit that the style lists there
+        splitframe::CSplitLineLink unit;
+    };
+
+    struct StyleRequest
+    {
+        int nStyle;
+        bool bHandleStyle;
+    };
+
+    CBaseFrameStyle* FindStyle(int nStyle);
     CBaseFrameStyle* FindCurrentStyle();
     bool IsViewGone() const;
 
+    void CreateStyle();
     CBaseUnitWnd* CreateOwnUnit(CBaseUnitInfo* pInfo, const CString& strParam);
+    CBaseUnitWnd* MakeOwnUnit(CBaseUnitInfo* pInfo, const CString& strParam);
+    CBaseUnitWnd* ListOwnUnit(splitframe::NewUnit& unit, const CString& strParam);
+    void AppendUnit(CBaseUnitWnd* pUnit, int nID);
     void FocusFirstUnit();
     void ShowStyleWithoutLines();
 
-    CBaseUnitWnd* AdoptGlobalUnit(const CString& strName);
+    void RunStyleRequests();
+    void SwitchTo(const StyleRequest& request);
+    void ExchangeUnits(int nStyle);
+    void BreakOff(int nStyle);
+    void AdoptListedGlobals(const StyleRequest& request);
+    void RetireUnits(int nStyle);
+    void HideCachedUnits();
+    void GatherUnits();
+    void GatherUnit(int nEntry);
+    void CarryUnit(CBaseUnitWnd* pUnit, int nID, const CString& strEntry, const CString& strParam);
+    CBaseUnitWnd* FindCarried(const CString& strEntry) const;
+    void TellHelperOfStyle();
+    void TellUnitsOfStyle();
+    void ShowNewStyle();
+
+    CBaseUnitWnd* AdoptGlobalUnit(const CString& strName, bool bHandleStyle);
     CBaseUnitWnd* FindGlobalInView(const CString& strName);
     std::vector<CString> GlobalNames();
+    std::vector<CBaseUnitWnd*> GlobalsInView();
+    void ReturnGlobals();
+    bool IsLentElsewhere(const CSplitLine* pLeaf) const;
+    bool SendHome(CBaseUnitWnd* pUnit);
+    void GiveFrontItsOwn();
     void MoveIntoView(CBaseUnitWnd* pUnit);
     void PutIntoPane(const CString& strName, CBaseUnitWnd* pUnit);
 
@@ -287,26 +373,40 @@ private:
                                                      const splitframe::LineNames& names,
                                                      CArray<CSplitLine*, CSplitLine*>& arrNode,
                                                      splitframe::SideNumbers& numbers);
-    void RememberGlobalPanes(const std::vector<CSplitLine*>& arrLeaf);
 
     int CurrentUnitID(CBaseUnitWnd* pUnit);
     void SetUnitID(const CBaseUnitWnd* pUnit, int nID);
+    void RemoveUnit(const CBaseUnitWnd* pUnit);
     void RemoveCachedAt(int nIndex);
     CBaseUnitInfo* FindOwnRecord(const CString& strName);
     CBaseUnitWnd* CreateCachedUnit(CBaseUnitInfo* pInfo);
     CBaseUnitWnd* PutIntoCache(CBaseUnitWnd* pUnit, int nID);
 
+    void StoreFrame(CArchive& ar);
+    void LoadFrame(CArchive& ar);
+    void LoadUnit(CArchive& ar);
+    void LoadStyle(CArchive& ar, const splitframe::RecordNames& global);
+
     void MakeHelper(const GUID& guid);
+    void OwnHelper(std::unique_ptr<CBaseFrameHelper> pHelper);
     void ReleaseHelper();
     void ForgetUnit(const CBaseUnitWnd* pUnit);
     void ForgetCached(const CBaseUnitWnd* pUnit);
     void ForgetDefinition();
     void Report(const wchar_t* pszMessage, const CString& strName);
 
-    CBaseFrameDoc* m_pDefinition = nullptr; // not owned; what this document was opened from
+    CBaseFrameDoc* m_pDefinition = nullptr;       // not owned; what this document was opened from
+    std::vector<CBaseUnitInfo*> m_arrReadUnit;    // those of m_arrBaseUnitInfo that came from an archive
+    std::vector<CBaseFrameStyle*> m_arrReadStyle; // those of m_arrStyle
+    const splitframe::RecordNames* m_pRecordNames = nullptr; // only while an archive is read
     std::vector<GlobalPane> m_arrGlobalPane;
+    std::vector<CString> m_arrGlobalStandIn; // global units that a switch adopted for the style's own ones
+    std::vector<CarriedUnit> m_arrCarried;
+    std::optional<StyleRequest> m_styleRequest;          // of a hook, while units are exchanged
+    bool m_bExchanging = false;                          // units are being made or exchanged
     const splitframe::UnitNames* m_pUnitNames = nullptr; // only while names are resolved
     HWND m_hView = nullptr;                              // the view's window, alive or dead
+    bool m_bViewDying = false;                           // that window is being destroyed
     bool m_bFaultsTold = false;
     std::unique_ptr<splitframe::CUnitObserver> m_pObserver; // takes deleted units out of the lists
 };

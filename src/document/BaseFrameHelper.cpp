@@ -70,11 +70,6 @@ GUID CBaseFrameHelper::GetGUID()
     return {0x8B7ABE7C, 0xD4E1, 0x43B5, {0xBC, 0x2E, 0xA7, 0x07, 0x13, 0xBC, 0xCA, 0xA9}};
 }
 
-LRESULT CBaseFrameHelper::ProcessMessage(DWORD /*nMsg*/, WPARAM /*wParam*/, LPARAM /*lParam*/)
-{
-    return 0;
-}
-
 void CBaseFrameHelper::OnStyleInitial() {}
 
 void CBaseFrameHelper::OnBaseUnitNotify(UINT /*nCode*/, LPARAM /*lParam*/) {}

@@ -12,6 +12,19 @@ class CBaseFrameDoc;
 class CBaseUnitInfo;
 class CBaseUnitWnd;
 
+// Requests to the helper to rearrange the frame's split tree. The first parameter is the address of a
+// CString, good for the duration of the call: a name or, for the sides, "NAME,1" (first side of that line) or
+// "NAME,0" (second). The second is a flag (0 or 1) or the address of a CString with the name of a unit.
+
+/// With a unit's name: that unit takes the place of the named one. With a flag: as HELPER_MSG_ENABLE_MOVE.
+inline constexpr DWORD HELPER_MSG_REPLACE_OR_MOVE = 1177;
+/// Makes the line directly above the named unit or line movable (1), or fixes it (0).
+inline constexpr DWORD HELPER_MSG_ENABLE_MOVE = 1178;
+/// The unit takes the place of the one on that side of the line.
+inline constexpr DWORD HELPER_MSG_REPLACE_SIDE = 1179;
+/// Makes the line movable (1), or fixes it (0); it must have that side.
+inline constexpr DWORD HELPER_MSG_ENABLE_MOVE_SIDE = 1180;
+
 class SPLITFRAME_API CBaseFrameHelper : public CObject
 {
     DECLARE_DYNCREATE(CBaseFrameHelper)
@@ -27,8 +40,10 @@ public:
     virtual GUID GetGUID();
 
     /// Messages of the frame and of its units: WM_CLOSE (not 0: the frame stays open), WM_DESTROY,
-    /// WM_KEYDOWN, WM_KEYUP, WM_LBUTTONDBLCLK (not 0: used up), and whatever the host's units send.
-    /// @return not 0 when handled; the base's version handles nothing
+    /// WM_KEYDOWN, WM_KEYUP, WM_LBUTTONDBLCLK (not 0: used up), and whatever the host's units send. The
+    /// base's version handles HELPER_MSG_...: a replacement lays the tree out again and answers 1. Names that
+    /// are null, too short or unknown change nothing.
+    /// @return not 0 when handled
     virtual LRESULT ProcessMessage(DWORD nMsg, WPARAM wParam, LPARAM lParam);
 
     /// The units of a style are in place; nothing is laid out yet. Does nothing.

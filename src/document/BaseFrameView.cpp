@@ -18,6 +18,10 @@ BEGIN_MESSAGE_MAP(CBaseFrameView, CView)
 ON_WM_KEYDOWN()
 ON_WM_KEYUP()
 ON_WM_SYSKEYDOWN()
+ON_WM_MOUSEMOVE()
+ON_WM_LBUTTONDOWN()
+ON_WM_LBUTTONUP()
+ON_WM_CAPTURECHANGED()
 ON_WM_RBUTTONDOWN()
 ON_WM_LBUTTONDBLCLK()
 END_MESSAGE_MAP()
@@ -71,6 +75,7 @@ CBaseFrameHelper* CBaseFrameView::GetHelper() const
 
 void CBaseFrameView::OnBeginDestroy()
 {
+    CancelDrag();
     if (CBaseFrameDoc* pDoc = GetFrameDoc())
         pDoc->ViewIsDying();
     CView::OnBeginDestroy();
@@ -143,6 +148,8 @@ bool CBaseFrameView::HelperTakes(UINT nMsg, WPARAM wParam, LPARAM lParam)
 
 void CBaseFrameView::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 {
+    if (nChar == VK_ESCAPE)
+        CancelDrag();
     if (!GetFrameDoc())
         return CView::OnKeyDown(nChar, nRepCnt, nFlags);
     if (nChar == VK_TAB)
@@ -171,7 +178,7 @@ void CBaseFrameView::OnSysKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
     PassKey(WM_KEYDOWN, nChar, KeyParam(nRepCnt, nFlags));
 }
 
-// --- mouse
+// --- clicks
 
 void CBaseFrameView::OnRButtonDown(UINT nFlags, CPoint pt)
 {

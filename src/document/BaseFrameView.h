@@ -1,8 +1,9 @@
 // The view of a frame: the window in whose client area the frame's units stand. Draws nothing itself; lays
-// the document's split tree out, passes keys to the helper or the current unit, clicks to the unit under the
-// mouse, and the units' notifications to the helper.
+// the document's split tree out, lets the user drag its lines, passes keys to the helper or the current unit,
+// clicks to the unit under the mouse, and the units' notifications to the helper.
 #pragma once
 
+#include "layout/SplitLineLink.h"
 #include "platform/base/Export.h"
 #include "platform/docview/View.h"
 
@@ -37,6 +38,12 @@ public:
     /// @param pContext  the unit's parent window, a CWnd*; ignored when it is no CBaseFrameView
     static void OnBaseUnitNotify(void* pContext, UINT nCode, LPARAM lParam);
 
+    /// Escape ends a drag and goes on to whom it is meant for.
+    BOOL PreTranslateMessage(MSG* pMsg) override;
+
+    /// Ends a drag when another frame comes to the front.
+    void OnActivateView(BOOL bActivate, CView* pActivateView, CView* pDeactiveView) override;
+
 protected:
     CBaseFrameView();
 
@@ -46,6 +53,10 @@ protected:
     void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
     void OnKeyUp(UINT nChar, UINT nRepCnt, UINT nFlags);
     void OnSysKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+    void OnMouseMove(UINT nFlags, CPoint pt);
+    void OnLButtonDown(UINT nFlags, CPoint pt);
+    void OnLButtonUp(UINT nFlags, CPoint pt);
+    void OnCaptureChanged(CWnd* pWnd);
     void OnRButtonDown(UINT nFlags, CPoint pt);
     void OnLButtonDblClk(UINT nFlags, CPoint pt);
 
@@ -56,4 +67,15 @@ private:
     bool HelperTakes(UINT nMsg, WPARAM wParam, LPARAM lParam);
     void PassKey(UINT nMsg, UINT nChar, LPARAM lParam);
     void SelectNextUnit();
+
+    void Hover(CPoint pt);
+    bool IsDragAlive(UINT nFlags) const;
+    void CancelDrag();
+    void LeaveLine();
+
+    /// The movable line under the mouse or, while it is dragged, the one that the mouse holds. The view has
+    /// the mouse as long as there is one.
+    splitframe::CSplitLineLink m_pHitLine;
+    bool m_bDragging = false;
+    bool m_bButtonTold = false; // the drag began with a message that told of the button held
 };

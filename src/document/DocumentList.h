@@ -2,7 +2,10 @@
 // that leaves a cache, a definition that goes, records that are deleted.
 #pragma once
 
+#include <unordered_set>
+
 class CBaseFrameDoc;
+class CBaseUnitInfo;
 class CBaseUnitWnd;
 
 namespace splitframe {
@@ -22,6 +25,10 @@ public:
     /// The records and styles of a definition document are about to be deleted: documents opened from it give
     /// theirs up, and no unit points to such a record any more.
     static void DefinitionIsCleared(CBaseFrameDoc* pDefinition);
+
+    /// These records are about to be deleted: no unit points to one any more, and no style that was read
+    /// from an archive lists one.
+    static void RecordsAreDeleted(const std::unordered_set<const CBaseUnitInfo*>& setDoomed);
 
     /// The definition document itself goes.
     static void DefinitionIsDeleted(CBaseFrameDoc* pDefinition);

@@ -9,6 +9,7 @@
 #include "layout/SplitLine.h"
 #include "unit/BaseUnitWnd.h"
 
+#include <functional>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -97,11 +98,21 @@ CSplitLine* NodeOf(const SplitSide& side, const Nodes& arrNode, const SideNumber
     }
 }
 
-// Links what the plan says; the nodes of its tree belong to the root from then on.
-// @return the leaves of the tree
-std::vector<CSplitLine*> LinkPlan(const SplitPlan& plan, Nodes& arrNode, const SideNumbers& numbers)
+// A side that a unit was found for.
+struct Pane
 {
-    std::vector<CSplitLine*> arrLeaf;
+    CSplitLine* pLeaf;
+    CSplitLine* pLine;
+    bool bFirst;
+};
+
+// Links what the plan says; the nodes of its tree belong to the root from then on. A leaf that stands in
+// another frame meanwhile is not linked: its side stays empty.
+// @return all panes of the tree
+std::vector<Pane> LinkPlan(const SplitPlan& plan, Nodes& arrNode, const SideNumbers& numbers,
+                           const std::function<bool(const CSplitLine*)>& isAway)
+{
+    std::vector<Pane> arrPane;
     for (int i = 0; i < arrNode.GetSize(); ++i) {
         if (!plan.Hangs(i))
             continue;
@@ -109,19 +120,20 @@ std::vector<CSplitLine*> LinkPlan(const SplitPlan& plan, Nodes& arrNode, const S
         const SplitSides& sides = plan.arrLine[static_cast<std::size_t>(i)];
         for (const SplitSide* pSide : {&sides.first, &sides.second}) {
             CSplitLine* pChild = NodeOf(*pSide, arrNode, numbers);
-            if (!pChild)
+            const bool bFirst = pSide == &sides.first;
+            if (pChild && pSide->kind == SplitSide::Kind::Leaf)
+                arrPane.push_back({pChild, &line, bFirst});
+            if (!pChild || (pSide->kind == SplitSide::Kind::Leaf && isAway(pChild)))
                 continue;
-            (pSide == &sides.first ? line.m_pFirst : line.m_pSecond) = pChild;
+            (bFirst ? line.m_pFirst : line.m_pSecond) = pChild;
             pChild->m_pParent = &line;
-            if (pSide->kind == SplitSide::Kind::Leaf)
-                arrLeaf.push_back(pChild);
         }
     }
     for (int i = 0; i < arrNode.GetSize(); ++i) {
         if (plan.Hangs(i))
             arrNode[i] = nullptr;
     }
-    return arrLeaf;
+    return arrPane;
 }
 
 // Look-ups by unit name go through an index while this lives.
@@ -160,7 +172,9 @@ CSplitLine* CBaseFrameDoc::ResolveSide(const LineNames& names, CArray<CSplitLine
     if (const int nLine = names.Find(pszName); nLine >= 0)
         return arrNode.GetAt(nLine);
     CBaseUnitWnd* pUnit = GetBaseUnitWnd(pszName);
-    return pUnit ? pUnit : AdoptGlobalUnit(pszName);
+    if (!pUnit)
+        pUnit = AdoptGlobalUnit(pszName, false);
+    return pUnit ? pUnit : FindCarried(pszName);
 }
 
 std::vector<SplitSides> CBaseFrameDoc::ResolveSides(const std::vector<_SPLIT_INFO>& arrInfo,
@@ -202,21 +216,17 @@ void CBaseFrameDoc::BuildTree(CBaseFrameStyle& style)
     DeleteTree(); // a hook may have built one
     m_pRoot = nodes.m_arrNode[0];
     CSplitLine::m_pRoot = m_pRoot;
-    RememberGlobalPanes(LinkPlan(plan, nodes.m_arrNode, numbers));
+    const std::unordered_set<const CSplitLine*> setOwn(m_arrBaseUnitWnd.begin(), m_arrBaseUnitWnd.end());
+    const auto isAway = [&](const CSplitLine* pLeaf) {
+        return !setOwn.contains(pLeaf) && IsLentElsewhere(pLeaf);
+    };
+    for (const Pane& pane : LinkPlan(plan, nodes.m_arrNode, numbers, isAway)) {
+        if (!setOwn.contains(pane.pLeaf))
+            m_arrGlobalPane.push_back({pane.pLeaf->m_strName, pane.pLine, pane.bFirst});
+    }
     if (!m_bFaultsTold && FindCurrentStyle() == &style) {
         splitframe::FindSplitFaults(
             style, arrWanted, plan,
             [this](int, const wchar_t* pszMessage, const CString& strName) { Report(pszMessage, strName); });
-    }
-}
-
-void CBaseFrameDoc::RememberGlobalPanes(const std::vector<CSplitLine*>& arrLeaf)
-{
-    const std::unordered_set<const CSplitLine*> setOwn(m_arrBaseUnitWnd.begin(), m_arrBaseUnitWnd.end());
-    for (CSplitLine* pLeaf : arrLeaf) {
-        if (setOwn.contains(pLeaf))
-            continue;
-        CSplitLine* pLine = pLeaf->m_pParent;
-        m_arrGlobalPane.push_back({pLeaf->m_strName, pLine, pLine->m_pFirst == pLeaf});
     }
 }

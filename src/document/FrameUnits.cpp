@@ -10,6 +10,7 @@
 #include "document/ObjectFactory.h"
 #include "document/UnitID.h"
 #include "document/UnitWatch.h"
+#include "platform/docview/ScopedFlag.h"
 #include "platform/window/CallScope.h"
 
 void CBaseFrameDoc::Create(CBaseFrameView* pView)
@@ -17,17 +18,27 @@ void CBaseFrameDoc::Create(CBaseFrameView* pView)
     const CCallScope scope;
     m_pView = pView;
     m_hView = pView ? pView->GetSafeHwnd() : nullptr;
-    CBaseFrameStyle* pStyle = FindCurrentStyle();
-    if (!pStyle)
+    m_bViewDying = false;
+    if (!FindCurrentStyle())
         AfxThrowInvalidArgException();
+    {
+        const splitframe::ScopedFlag exchanging(m_bExchanging);
+        CreateStyle();
+    }
+    if (!m_bExchanging)
+        RunStyleRequests();
+}
 
+void CBaseFrameDoc::CreateStyle()
+{
+    CBaseFrameStyle* pStyle = FindCurrentStyle();
     const splitframe::EntryNames entries(*pStyle);
     for (int i = 0; !IsViewGone() && (pStyle = FindCurrentStyle()) && i < pStyle->m_arrBaseUnitInfo.GetSize();
          ++i) {
         CBaseUnitInfo* pInfo = pStyle->m_arrBaseUnitInfo[i];
         const CString strParam = pStyle->m_arrParam.GetAt(i);
         if (pInfo->m_bGlobal) {
-            AdoptGlobalUnit(pInfo->m_strName);
+            AdoptGlobalUnit(pInfo->m_strName, false);
         } else if (CBaseUnitWnd* pUnit = CreateOwnUnit(pInfo, strParam)) {
             const splitframe::UnitWatch watch(pUnit);
             const GUID guid = pUnit->GetGUID();
@@ -53,28 +64,44 @@ void CBaseFrameDoc::Create(CBaseFrameView* pView)
 CBaseUnitWnd* CBaseFrameDoc::CreateOwnUnit(CBaseUnitInfo* pInfo, const CString& strParam)
 {
     CBaseUnitWnd* pCached = GetBaseUnitWndCache(pInfo->m_strName);
-    splitframe::NewUnit unit(pCached ? pCached : splitframe::MakeUnit(pInfo->m_guid).release());
+    if (!pCached)
+        return MakeOwnUnit(pInfo, strParam);
+    splitframe::NewUnit unit(pCached);
+    splitframe::DocumentList::ForgetCached(pCached, this);
+    if (pCached->GetSafeHwnd())
+        MoveIntoView(pCached);
+    else // a host has destroyed it
+        pCached->Create(m_pView, pInfo);
+    return ListOwnUnit(unit, strParam);
+}
+
+CBaseUnitWnd* CBaseFrameDoc::MakeOwnUnit(CBaseUnitInfo* pInfo, const CString& strParam)
+{
+    splitframe::NewUnit unit(splitframe::MakeUnit(pInfo->m_guid).release());
     if (!unit.Get()) {
         if (!m_bFaultsTold)
             Report(L"no usable unit class has this GUID; the unit is skipped", pInfo->m_strName);
         return nullptr;
     }
-    if (pCached)
-        splitframe::DocumentList::ForgetCached(pCached, this);
-    if (pCached && pCached->GetSafeHwnd())
-        MoveIntoView(pCached);
-    else // a host may have destroyed the window of a cached unit
-        unit.Get()->Create(m_pView, pInfo);
+    unit.Get()->Create(m_pView, pInfo);
+    return ListOwnUnit(unit, strParam);
+}
+
+CBaseUnitWnd* CBaseFrameDoc::ListOwnUnit(splitframe::NewUnit& unit, const CString& strParam)
+{
     if (unit.Get() && !IsViewGone())
         unit.Get()->Init(strParam);
     if (!unit.Get())
         return nullptr;
-    if (!FindCurrentStyle())
-        unit.Get()->m_pBaseUnitInfo = nullptr; // a hook cleared the records before the unit was listed
     unit.Get()->SetNotifyFunc(&CBaseFrameView::OnBaseUnitNotify);
-    m_arrBaseUnitWnd.Add(unit.Get());
-    m_arrBaseUnitWndID.Add(splitframe::NO_UNIT_ID);
+    AppendUnit(unit.Get(), splitframe::NO_UNIT_ID);
     return unit.Release();
+}
+
+void CBaseFrameDoc::AppendUnit(CBaseUnitWnd* pUnit, int nID)
+{
+    m_arrBaseUnitWnd.Add(pUnit);
+    m_arrBaseUnitWndID.Add(nID);
 }
 
 void CBaseFrameDoc::FocusFirstUnit()

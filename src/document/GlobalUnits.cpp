@@ -30,40 +30,63 @@ int CBaseFrameDoc::GetBaseUnitWndGlobalCache(CString strName, CBaseUnitWnd** ppU
     CBaseFrameWnd* pMain = FindMainFrame();
     CBaseUnitWnd* pUnit = pMain ? pMain->FindGlobalBaseUnitWnd(strName) : nullptr;
     const UnitWatch watch(pUnit);
-    if (pUnit)
+    if (pUnit && !pUnit->GetSafeHwnd() && !IsViewGone()) { // a host has destroyed it, wherever it stood
+        pUnit->SetNotifyFunc(nullptr);
+        pUnit->m_pParent = nullptr;
+        pUnit->Create(pMain, pUnit->m_pBaseUnitInfo);
+    }
+    if (watch.Get())
         MoveIntoView(pUnit);
-    if (watch.Get() && bHandleStyle)
+    if (watch.Get() && bHandleStyle && !IsViewGone())
         pUnit->HandleStyle(m_strName);
     *ppUnit = watch.Get();
     return watch.Get() ? 1 : 0;
 }
 
-// Makes a window that stands elsewhere a child of the view: hidden, until a layout of this frame shows it.
+// Makes a window that stands elsewhere a child of the view: hidden, until a layout of this frame shows it. It
+// leaves its pane only when it really goes: hiding it runs host code, which may close this frame.
 void CBaseFrameDoc::MoveIntoView(CBaseUnitWnd* pUnit)
 {
-    if (IsViewGone())
+    if (IsViewGone() || !m_hView)
         return;
     const UnitWatch watch(pUnit);
     const HWND hUnit = pUnit->GetSafeHwnd();
     if (::GetParent(hUnit) != m_hView) {
-        pUnit->m_pParent = nullptr;
         ::ShowWindow(hUnit, SW_HIDE);
+        if (IsViewGone())
+            return GiveFrontItsOwn();
+        if (!watch.Get())
+            return;
+        pUnit->m_pParent = nullptr;
         ::SetParent(hUnit, m_hView);
     }
-    if (watch.Get())
-        pUnit->m_pHostWnd = m_pView;
+    pUnit->m_pHostWnd = m_pView;
 }
 
-CBaseUnitWnd* CBaseFrameDoc::AdoptGlobalUnit(const CString& strName)
+void CBaseFrameDoc::GiveFrontItsOwn()
+{
+    if (CBaseFrameWnd* pMain = FindMainFrame())
+        pMain->GiveFrontItsOwn();
+}
+
+// A global unit's leaf, which a hook has given to another frame after this one found it.
+bool CBaseFrameDoc::IsLentElsewhere(const CSplitLine* pLeaf) const
+{
+    const CBaseUnitWnd* pUnit = pLeaf->GetUnitWnd();
+    return pUnit && m_hView && !StandsIn(pUnit, m_hView);
+}
+
+CBaseUnitWnd* CBaseFrameDoc::AdoptGlobalUnit(const CString& strName, bool bHandleStyle)
 {
     CBaseUnitWnd* pUnit = nullptr;
-    GetBaseUnitWndGlobalCache(strName, &pUnit, false);
-    if (pUnit)
+    GetBaseUnitWndGlobalCache(strName, &pUnit, bHandleStyle);
+    if (pUnit && StandsIn(pUnit, m_hView))
         pUnit->SetNotifyFunc(&CBaseFrameView::OnBaseUnitNotify);
     return pUnit;
 }
 
-// The names of the global units that the frame places: listed by its style, or named by a line only.
+// The names of the global units that the frame places: listed by its style, standing in for a unit of its
+// own, or named by a line only.
 std::vector<CString> CBaseFrameDoc::GlobalNames()
 {
     std::vector<CString> arrName;
@@ -73,6 +96,7 @@ std::vector<CString> CBaseFrameDoc::GlobalNames()
                 arrName.push_back(pInfo->m_strName);
         }
     }
+    arrName.insert(arrName.end(), m_arrGlobalStandIn.begin(), m_arrGlobalStandIn.end());
     for (const GlobalPane& pane : m_arrGlobalPane)
         arrName.push_back(pane.strName);
     return arrName;
@@ -93,8 +117,8 @@ void CBaseFrameDoc::AdoptGlobalUnits()
     for (const CString& strName : GlobalNames()) {
         if (IsViewGone())
             return;
-        CBaseUnitWnd* pUnit = AdoptGlobalUnit(strName);
-        if (!pUnit)
+        CBaseUnitWnd* pUnit = AdoptGlobalUnit(strName, false);
+        if (!pUnit || IsLentElsewhere(pUnit))
             continue;
         const UnitWatch watch(pUnit);
         if (m_pRoot)
@@ -121,28 +145,53 @@ void CBaseFrameDoc::PutIntoPane(const CString& strName, CBaseUnitWnd* pUnit)
     }
 }
 
+std::vector<CBaseUnitWnd*> CBaseFrameDoc::GlobalsInView()
+{
+    std::vector<CBaseUnitWnd*> arrUnit;
+    if (const CBaseFrameWnd* pMain = FindMainFrame())
+        std::copy_if(pMain->m_arrGlobalBaseUnitWnd.begin(), pMain->m_arrGlobalBaseUnitWnd.end(),
+                     std::back_inserter(arrUnit),
+                     [this](const CBaseUnitWnd* pUnit) { return StandsIn(pUnit, m_hView); });
+    return arrUnit;
+}
+
 bool CBaseFrameDoc::HasUnitsToLayOut()
 {
-    if (!m_arrBaseUnitWnd.IsEmpty())
-        return true;
-    const CBaseFrameWnd* pMain = FindMainFrame();
-    return pMain && std::any_of(pMain->m_arrGlobalBaseUnitWnd.begin(), pMain->m_arrGlobalBaseUnitWnd.end(),
-                                [this](const CBaseUnitWnd* pUnit) { return StandsIn(pUnit, m_hView); });
+    return !m_arrBaseUnitWnd.IsEmpty() || !GlobalsInView().empty();
 }
 
 bool CBaseFrameDoc::SendGlobalUnitsHome()
 {
-    CBaseFrameWnd* pMain = FindMainFrame();
-    if (!pMain)
-        return false;
     bool bAny = false;
-    const std::vector<CBaseUnitWnd*> arrUnit(pMain->m_arrGlobalBaseUnitWnd.begin(),
-                                             pMain->m_arrGlobalBaseUnitWnd.end());
-    for (CBaseUnitWnd* pUnit : arrUnit) {
-        if (!pMain->ListsGlobalUnit(pUnit) || !StandsIn(pUnit, m_hView))
-            continue;
-        pMain->TakeHome(pUnit);
-        bAny = true;
-    }
+    for (CBaseUnitWnd* pUnit : GlobalsInView())
+        bAny |= SendHome(pUnit);
     return bAny;
+}
+
+// After a switch: those that the new style does not place go home, and one that it lists but gives no pane is
+// not seen.
+void CBaseFrameDoc::ReturnGlobals()
+{
+    const std::vector<CString> arrPlaced = GlobalNames();
+    for (CBaseUnitWnd* pUnit : GlobalsInView()) {
+        CBaseFrameWnd* pMain = FindMainFrame();
+        if (!pMain || !pMain->ListsGlobalUnit(pUnit) || !StandsIn(pUnit, m_hView))
+            continue;
+        const bool bPlaced =
+            std::find(arrPlaced.begin(), arrPlaced.end(), pUnit->CSplitLine::m_strName) != arrPlaced.end();
+        if (!bPlaced)
+            SendHome(pUnit);
+        else if (m_pRoot && !pUnit->CSplitLine::m_pParent)
+            pUnit->ShowWindow(SW_HIDE);
+    }
+}
+
+// @return whether it stood in the view
+bool CBaseFrameDoc::SendHome(CBaseUnitWnd* pUnit)
+{
+    CBaseFrameWnd* pMain = FindMainFrame();
+    if (!pMain || !pMain->ListsGlobalUnit(pUnit) || !StandsIn(pUnit, m_hView))
+        return false;
+    pMain->TakeHome(pUnit);
+    return true;
 }

@@ -29,6 +29,19 @@ CBaseUnitWnd* UnitNames::Find(const CString& strName) const
     return it == m_mapUnit.end() ? nullptr : it->second;
 }
 
+RecordNames::RecordNames(const CArray<CBaseUnitInfo*, CBaseUnitInfo*>& arrInfo)
+{
+    m_mapInfo.reserve(static_cast<std::size_t>(arrInfo.GetSize()));
+    for (CBaseUnitInfo* pInfo : arrInfo)
+        m_mapInfo.try_emplace(pInfo->m_strName.View(), pInfo);
+}
+
+CBaseUnitInfo* RecordNames::Find(const CString& strName) const
+{
+    const auto it = m_mapInfo.find(strName.View());
+    return it == m_mapInfo.end() ? nullptr : it->second;
+}
+
 LineNames::LineNames(const CBaseFrameStyle& style)
 {
     for (int i = 0; i < style.m_arrSplitInfo.GetSize(); ++i)

@@ -5,10 +5,12 @@
 #include "platform/base/Array.h"
 #include "platform/base/String.h"
 
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
 class CBaseFrameStyle;
+class CBaseUnitInfo;
 class CBaseUnitWnd;
 
 namespace splitframe {
@@ -25,6 +27,19 @@ public:
 
 private:
     std::unordered_map<CString, CBaseUnitWnd*> m_mapUnit;
+};
+
+/// The first record of each name.
+class RecordNames
+{
+public:
+    RecordNames() = default;
+    explicit RecordNames(const CArray<CBaseUnitInfo*, CBaseUnitInfo*>& arrInfo);
+    /// The first record of that name, compared exactly, or null.
+    CBaseUnitInfo* Find(const CString& strName) const;
+
+private:
+    std::unordered_map<std::wstring_view, CBaseUnitInfo*> m_mapInfo; // names stand in the records
 };
 
 /// The split lines of a style.

@@ -47,4 +47,9 @@ std::unique_ptr<CBaseFrameHelper> MakeHelper(const GUID& guid)
     return Make<CBaseFrameHelper>(CBaseFrameDoc::GetRCHelper(guid));
 }
 
+std::unique_ptr<CBaseFrameHelper> MakeHelperLike(const CBaseFrameHelper& helper)
+{
+    return Make<CBaseFrameHelper>(helper.GetRuntimeClass());
+}
+
 } // namespace splitframe

@@ -19,5 +19,7 @@ bool IsHelperClass(const GUID& guid);
 std::unique_ptr<CBaseUnitWnd> MakeUnit(const GUID& guid);
 /// A new helper, or null.
 std::unique_ptr<CBaseFrameHelper> MakeHelper(const GUID& guid);
+/// A new helper of the same class as another, or null.
+std::unique_ptr<CBaseFrameHelper> MakeHelperLike(const CBaseFrameHelper& helper);
 
 } // namespace splitframe

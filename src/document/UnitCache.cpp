@@ -3,6 +3,7 @@
 #include "definition/FrameStyle.h"
 #include "definition/UnitInfo.h"
 #include "document/BaseFrameDoc.h"
+#include "document/BaseFrameView.h"
 #include "document/DocumentList.h"
 #include "document/ObjectFactory.h"
 #include "document/UnitID.h"
@@ -10,6 +11,9 @@
 #include "platform/base/Diagnostics.h"
 #include "platform/docview/WinApp.h"
 #include "platform/window/CallScope.h"
+
+#include <algorithm>
+#include <unordered_set>
 
 using splitframe::NO_UNIT_ID;
 
@@ -67,10 +71,14 @@ int CBaseFrameDoc::IsSameWnd(int nStyle, int nID)
     return 0;
 }
 
+// A window that stood in the cache twice would be handed out twice.
 void CBaseFrameDoc::UpdateBaseUnitWndCache()
 {
+    const std::unordered_set<const CBaseUnitWnd*> setCached(m_arrWndCache.begin(), m_arrWndCache.end());
     for (int i = 0, nCount = m_arrBaseUnitWnd.GetSize(); i < nCount; ++i) {
         const int nID = m_arrBaseUnitWndID.GetAt(i);
+        if (setCached.contains(m_arrBaseUnitWnd[i]))
+            continue;
         m_arrWndCache.Add(m_arrBaseUnitWnd[i]);
         m_arrWndCacheID.Add(nID);
     }
@@ -92,21 +100,43 @@ int CBaseFrameDoc::GetBaseUnitWndCache(int nID, CBaseUnitWnd** ppUnit)
 {
     if (nID == NO_UNIT_ID)
         return 0;
-    for (int i = 0; i < m_arrWndCacheID.GetSize(); ++i) {
-        if (m_arrWndCacheID[i] != nID)
-            continue;
-        CBaseUnitWnd* pUnit = m_arrWndCache.GetAt(i);
-        RemoveCachedAt(i);
-        const splitframe::UnitWatch watch(pUnit);
-        if (!pUnit->IsWindowVisible()) {
-            pUnit->ShowWindowEx(SW_SHOW);
-            if (watch.Get())
-                pUnit->m_bActivated = true;
-        }
-        *ppUnit = watch.Get();
-        return watch.Get() ? 1 : 0;
+    const int* pAt = std::find(m_arrWndCacheID.begin(), m_arrWndCacheID.end(), nID);
+    if (pAt == m_arrWndCacheID.end())
+        return 0;
+    CBaseUnitWnd* pUnit = m_arrWndCache.GetAt(static_cast<int>(pAt - m_arrWndCacheID.begin()));
+    const splitframe::UnitWatch watch(pUnit);
+    if (!pUnit->GetSafeHwnd())
+        pUnit->Create(m_pView, pUnit->m_pBaseUnitInfo); // a host has destroyed it
+    else
+        MoveIntoView(pUnit);
+    if (watch.Get() && !pUnit->IsWindowVisible()) {
+        pUnit->ShowWindowEx(SW_SHOW);
+        if (watch.Get())
+            pUnit->m_bActivated = true;
     }
-    return 0;
+    if (!watch.Get())
+        return 0;
+    splitframe::DocumentList::ForgetCached(pUnit, nullptr);
+    *ppUnit = pUnit;
+    return 1;
+}
+
+// The unit leaves the list of the frame's own units; the current unit stays the current one. When it was the
+// last and current one, the first one is current.
+void CBaseFrameDoc::RemoveUnit(const CBaseUnitWnd* pUnit)
+{
+    const bool bCurrentIsListed = m_nCurBaseUnitWnd < m_arrBaseUnitWnd.GetSize();
+    for (int i = m_arrBaseUnitWnd.GetSize() - 1; i >= 0; --i) {
+        if (m_arrBaseUnitWnd[i] != pUnit)
+            continue;
+        m_arrBaseUnitWnd.RemoveAt(i);
+        if (i < m_arrBaseUnitWndID.GetSize())
+            m_arrBaseUnitWndID.RemoveAt(i);
+        if (i < m_nCurBaseUnitWnd)
+            --m_nCurBaseUnitWnd;
+    }
+    if (bCurrentIsListed && m_nCurBaseUnitWnd >= m_arrBaseUnitWnd.GetSize())
+        m_nCurBaseUnitWnd = 0;
 }
 
 void CBaseFrameDoc::RemoveCachedAt(int nIndex)

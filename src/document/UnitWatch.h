@@ -4,6 +4,8 @@
 #include "unit/BaseUnitWnd.h"
 #include "unit/UnitObserver.h"
 
+#include <utility>
+
 namespace splitframe {
 
 /// A pointer to a unit that becomes null when the unit is deleted. Owns nothing.
@@ -30,14 +32,19 @@ class NewUnit
 {
 public:
     /// @param pUnit  owned from now on; may be null
-    explicit NewUnit(CBaseUnitWnd* pUnit) : m_watch(pUnit) {}
+    explicit NewUnit(CBaseUnitWnd* pUnit) : m_watch(pUnit), m_pOuter(std::exchange(s_pInnermost, this)) {}
     NewUnit(const NewUnit&) = delete;
     NewUnit& operator=(const NewUnit&) = delete;
     ~NewUnit()
     {
+        s_pInnermost = m_pOuter;
         if (!m_bReleased)
             delete m_watch.Get();
     }
+
+    /// The new units of now, of which a hook of one may have made the next: the last one, and the one before.
+    static const NewUnit* GetInnermost() { return s_pInnermost; }
+    const NewUnit* GetOuter() const { return m_pOuter; }
 
     CBaseUnitWnd* Get() const { return m_watch.Get(); }
     CBaseUnitWnd* Release()
@@ -47,7 +54,10 @@ public:
     }
 
 private:
+    inline static NewUnit* s_pInnermost = nullptr; // user-interface thread only
+
     UnitWatch m_watch;
+    NewUnit* m_pOuter;
     bool m_bReleased = false;
 };
 

@@ -27,6 +27,10 @@ public:
     /// Shows the frame maximised, whatever the show command, and makes the frame's name the title.
     void ActivateFrame(int nCmdShow = -1) override;
 
+    /// For the library's own frames: gives the frame, if it is in front, its tree and its global units again,
+    /// and lays it out.
+    void TakeBack();
+
 protected:
     CBaseFrameChildWnd();
     ~CBaseFrameChildWnd() override;
@@ -45,8 +49,4 @@ protected:
     void OnDestroy();
 
     DECLARE_MESSAGE_MAP()
-
-private:
-    /// Gives the frame in front its tree and its global units again, and lays it out.
-    void TakeBack();
 };

@@ -5,6 +5,7 @@
 #include "definition/LayoutLoader.h"
 #include "definition/UnitInfo.h"
 #include "document/BaseFrameDoc.h"
+#include "document/DocumentList.h"
 #include "document/NameIndex.h"
 #include "document/ObjectFactory.h"
 #include "document/UnitWatch.h"
@@ -39,24 +40,7 @@ CBaseFrameWnd::CBaseFrameWnd()
 CBaseFrameWnd::~CBaseFrameWnd()
 {
     EndFromDestructor(); // frames that are still open end while their definitions live
-    if (m_hBaseFrameMenu)
-        ::DestroyMenu(m_hBaseFrameMenu);
-    while (!m_arrBaseFrameDoc.IsEmpty()) {
-        CBaseFrameDoc* pDoc = m_arrBaseFrameDoc[0];
-        m_arrBaseFrameDoc.RemoveAt(0);
-        pDoc->Clear();
-        delete pDoc;
-    }
-    for (CBaseUnitWnd* pUnit : m_arrGlobalBaseUnitWnd)
-        pUnit->m_pBaseUnitInfo = nullptr;
-    while (!m_arrGlobalBaseUnitInfo.IsEmpty()) {
-        CBaseUnitInfo* pInfo = m_arrGlobalBaseUnitInfo[0];
-        m_arrGlobalBaseUnitInfo.RemoveAt(0);
-        delete pInfo;
-    }
-    // Each unit takes itself out of the list.
-    while (!m_arrGlobalBaseUnitWnd.IsEmpty())
-        delete m_arrGlobalBaseUnitWnd[0];
+    DeleteLayout();
 }
 
 // --- initialisation
@@ -137,6 +121,40 @@ void CBaseFrameWnd::BuildFramesMenu()
     }
 }
 
+void CBaseFrameWnd::ClearLayout()
+{
+    std::vector<HWND> arrFrame;
+    for (const CMDIChildWnd* pChild : GetChildFrames())
+        arrFrame.push_back(pChild->GetSafeHwnd());
+    for (const HWND hFrame : arrFrame)
+        ::DestroyWindow(hFrame);
+    DeleteLayout();
+}
+
+void CBaseFrameWnd::DeleteLayout()
+{
+    ::DestroyMenu(std::exchange(m_hBaseFrameMenu, nullptr));
+    while (!m_arrBaseFrameDoc.IsEmpty()) {
+        CBaseFrameDoc* pDoc = m_arrBaseFrameDoc[0];
+        m_arrBaseFrameDoc.RemoveAt(0);
+        pDoc->Clear();
+        delete pDoc;
+    }
+    for (CBaseUnitWnd* pUnit : m_arrGlobalBaseUnitWnd)
+        pUnit->m_pBaseUnitInfo = nullptr;
+    // A document that was read from an archive and outlives the layout lists them still.
+    splitframe::DocumentList::RecordsAreDeleted(
+        {m_arrGlobalBaseUnitInfo.begin(), m_arrGlobalBaseUnitInfo.end()});
+    while (!m_arrGlobalBaseUnitInfo.IsEmpty()) {
+        CBaseUnitInfo* pInfo = m_arrGlobalBaseUnitInfo[0];
+        m_arrGlobalBaseUnitInfo.RemoveAt(0);
+        delete pInfo;
+    }
+    // Each unit takes itself out of the list.
+    while (!m_arrGlobalBaseUnitWnd.IsEmpty())
+        delete m_arrGlobalBaseUnitWnd[0];
+}
+
 // --- look-ups and global units
 
 CBaseFrameDoc* CBaseFrameWnd::FindBaseFrameDoc(CString strName)
@@ -159,14 +177,25 @@ bool CBaseFrameWnd::ListsGlobalUnit(const CBaseUnitWnd* pUnit) const
            m_arrGlobalBaseUnitWnd.end();
 }
 
+void CBaseFrameWnd::GiveFrontItsOwn()
+{
+    if (auto* pFront = GetSafeHwnd() ? DynamicDownCast<CBaseFrameChildWnd>(GetActiveFrame()) : nullptr)
+        pFront->TakeBack();
+}
+
+// Hiding it runs host code, which may have given it to another frame.
 void CBaseFrameWnd::TakeHome(CBaseUnitWnd* pUnit)
 {
+    const HWND hUnit = pUnit->GetSafeHwnd();
+    const HWND hBefore = ::GetParent(hUnit);
+    ::ShowWindow(hUnit, SW_HIDE);
+    if (!ListsGlobalUnit(pUnit) || ::GetParent(hUnit) != hBefore)
+        return;
     pUnit->SetNotifyFunc(nullptr);
     pUnit->m_pParent = nullptr;
     pUnit->m_pHostWnd = this;
-    const HWND hUnit = pUnit->GetSafeHwnd();
-    ::ShowWindow(hUnit, SW_HIDE);
     ::SetParent(hUnit, GetSafeHwnd());
+    ::ShowWindow(hUnit, SW_HIDE); // a layout of the frame that it left may have shown it again
 }
 
 LRESULT CBaseFrameWnd::ProcessCommand(UINT nCmd, LPARAM lParam)

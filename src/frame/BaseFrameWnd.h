@@ -9,6 +9,7 @@
 #include "platform/docking/BCGPMDIFrameWnd.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class CBaseFrameDoc;
@@ -65,12 +66,17 @@ public:
     /// The same for a host that has registered its classes itself.
     int InitializeByDoc(CMultiDocTemplate* pTemplate, const wchar_t* pszText);
 
+    /// Closes every open frame without asking its helper and deletes what Initialize... made: definitions
+    /// with their records, styles and helpers, global units and the frames menu. Registered classes stay.
+    /// Then Initialize... may be called again. Not from a hook of what it deletes.
+    void ClearLayout();
+
     /// How the last Initialize... fared with its text.
     const CLayoutLoadResult& GetLoadResult() const { return m_loadResult; }
 
-    /// Opens the frame and style of a frames-menu command, or activates the frame if it is open. An
-    /// identifier that stands for no style is ignored. What a host's hook throws while the frame is made
-    /// passes through, and the half-made frame is destroyed.
+    /// Opens the frame and style of a frames-menu command; a frame that is open is switched to the style and
+    /// activated. An identifier that stands for no style is ignored. What a host's hook throws while the
+    /// frame is made passes through, and the half-made frame is destroyed.
     void OnBaseFrameOpen(UINT nID);
 
     /// Opens a frame by the name of a style or, when no style has that name, of a frame (its first style,
@@ -96,6 +102,13 @@ public:
     /// The text of the element AppSite below the root of an XML text, or "http://localhost/" without one.
     static CString GetAppSite(const wchar_t* pszText);
 
+    /// The state of the frames as text for people who look for a fault in a layout: the active frame with its
+    /// style, its tree of lines and panes (rates, limits, unit IDs, rectangles in the view) and its units;
+    /// the units that wait in caches; the global units and where they stand; the other open frames; who has
+    /// the focus and the mouse. Lines end with a line feed. Changes nothing, and may be called at any time,
+    /// also from a debugger.
+    CString DumpState();
+
     // What is loaded, for tools that show it. Owned by this frame, not to be changed.
     const CArray<CBaseFrameDoc*, CBaseFrameDoc*>& GetBaseFrameDocs() const { return m_arrBaseFrameDoc; }
     const CArray<CBaseUnitInfo*, CBaseUnitInfo*>& GetGlobalBaseUnitInfos() const
@@ -107,6 +120,9 @@ public:
 
     /// Whether a pointer still is one of the global unit windows.
     bool ListsGlobalUnit(const CBaseUnitWnd* pUnit) const;
+
+    /// Gives the frame in front its tree and its global units again, and lays it out.
+    void GiveFrontItsOwn();
 
     /// Makes a global unit a hidden child of this window again: in no tree, notifying nobody.
     void TakeHome(CBaseUnitWnd* pUnit);
@@ -137,10 +153,11 @@ private:
     static CLayoutLoadResult LoadDoc(const wchar_t* pszText, FrameDocs& arrDoc, UnitInfos& arrGlobal);
     int FinishInitialize(CMultiDocTemplate* pTemplate, int nFirstGlobal);
     void CreateGlobalUnits(int nFirst);
+    void DeleteLayout();
     void BuildFramesMenu();
     bool FindStyleCommand(UINT nID, CBaseFrameDoc*& pDefinition, int& nStyle);
     bool OpenByStyleName(const CString& strName);
-    bool ActivateOpenFrame(const CString& strName);
+    bool SwitchOpenFrame(const CString& strName, std::optional<int> nStyle);
     bool OpenByFrameName(const CString& strName);
     CFrameWnd* FindOpenFrame(const CString& strName);
     void OpenNewFrame(CBaseFrameDoc* pDefinition);

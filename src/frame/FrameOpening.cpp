@@ -70,7 +70,7 @@ void CBaseFrameWnd::OnBaseFrameOpen(UINT nID)
     CBaseFrameDoc* pActiveDoc = FrameDocOf(pActive);
     if (pActiveDoc && !ShowsFrame(pActive, strName))
         pActiveDoc->UnActive();
-    if (!ActivateOpenFrame(strName) && GetSafeHwnd())
+    if (!SwitchOpenFrame(strName, nStyle) && GetSafeHwnd())
         OpenNewFrame(pDefinition);
 }
 
@@ -78,7 +78,7 @@ void CBaseFrameWnd::OnBaseFrameOpen(const wchar_t* pszName)
 {
     const CCallScope scope;
     const CString strName(pszName);
-    if (!OpenByStyleName(strName) && !ActivateOpenFrame(strName))
+    if (!OpenByStyleName(strName) && !SwitchOpenFrame(strName, std::nullopt))
         OpenByFrameName(strName);
     CBaseFrameChildWnd* pActive =
         GetSafeHwnd() ? DynamicDownCast<CBaseFrameChildWnd>(GetActiveFrame()) : nullptr;
@@ -132,12 +132,19 @@ bool CBaseFrameWnd::OpenByFrameName(const CString& strName)
     return false;
 }
 
-bool CBaseFrameWnd::ActivateOpenFrame(const CString& strName)
+// Without a style the frame's own one is applied again. A hook may close the frame.
+bool CBaseFrameWnd::SwitchOpenFrame(const CString& strName, std::optional<int> nStyle)
 {
     CFrameWnd* pFrame = FindOpenFrame(strName);
-    if (pFrame)
+    if (!pFrame)
+        return false;
+    CBaseFrameDoc* pDoc = FrameDocOf(pFrame);
+    const int nNew = nStyle.value_or(pDoc->m_nCurStyle);
+    if (nNew >= 0 && nNew < pDoc->m_arrStyle.GetSize())
+        pDoc->ChangeStyle(nNew, false);
+    if (pFrame->GetSafeHwnd())
         pFrame->ActivateFrame(-1);
-    return pFrame != nullptr;
+    return true;
 }
 
 // The active frame first, then the frame windows below it.

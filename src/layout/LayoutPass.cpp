@@ -8,6 +8,7 @@
 #include "layout/internal/LayoutPass.h"
 
 #include "definition/UnitInfo.h"
+#include "layout/internal/DividingPos.h"
 #include "layout/internal/TreeEpoch.h"
 #include "platform/window/WindowManager.h"
 #include "unit/BaseUnitWnd.h"
@@ -22,19 +23,6 @@ namespace {
 CLayoutPass* g_pInnermost = nullptr;
 // Numbers passes, for CSplitLine::m_nLayoutPass.
 std::uint64_t g_nPasses = 0;
-
-// Where a line divides its extent [nFrom, nTo).
-int DividingPos(int nFrom, int nTo, double dRate, const Extent& first, const Extent& second,
-                const Extent& line)
-{
-    if (first.IsFixed())
-        return AddClamped(nFrom, first.nFixed);
-    if (second.IsFixed())
-        return SubtractClamped(nTo, second.nFixed);
-    const std::int64_t nFree = std::int64_t{nTo} - nFrom - line.nFixed;
-    const std::int64_t nTaken = std::int64_t{first.nFixed} + nFrom;
-    return ClampToInt(static_cast<double>(nFree) * dRate + static_cast<double>(nTaken));
-}
 
 struct SideRects
 {
@@ -197,7 +185,7 @@ void CLayoutPass::Place(CSplitLine& leaf, const CRect& rc)
         return;
     WriteRecord(pUnit->m_pBaseUnitInfo, rc);
     if (!pUnit->m_bActivated && !Activate(*pUnit))
-        return;
+        return; // it is gone, or has no place in this layout any more
     const HWND hUnit = pUnit->m_hWnd;
     if (!::IsWindow(hUnit))
         return;
@@ -207,14 +195,16 @@ void CLayoutPass::Place(CSplitLine& leaf, const CRect& rc)
     ::SetWindowPos(hUnit, HWND_TOP, rc.left, rc.top, rc.Width(), rc.Height(), SWP_SHOWWINDOW);
 }
 
-// @return whether the unit lived through it
+// @return whether the unit lived through it and stands where it stood
 bool CLayoutPass::Activate(CBaseUnitWnd& unit)
 {
     const CSplitLineLink self(&unit);
+    const CSplitLineLink line(unit.m_pParent);
+    const bool bHadLine = line.Get();
     ++m_nHookCalls;
     unit.m_bActivated = true;
     unit.ProcessActivate2(true);
-    return self.Get();
+    return self && unit.m_pParent == line && (line || !bHadLine);
 }
 
 } // namespace splitframe

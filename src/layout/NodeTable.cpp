@@ -86,17 +86,33 @@ NodeSizes LeafSizes(const CSplitLine& leaf)
             LeafExtent(bVisible ? pInfo->m_nMinHeight : 0, pInfo->m_nMaxHeight)};
 }
 
-CRect LeafViewRect(const CSplitLine& leaf)
+// Where the client area of a window lies on the screen. Units of one tree have one parent, as a rule.
+class ParentOrigin
+{
+public:
+    POINT Of(HWND hParent)
+    {
+        if (hParent != m_hParent) {
+            m_hParent = hParent;
+            m_ptOrigin = {0, 0};
+            ::ClientToScreen(hParent, &m_ptOrigin);
+        }
+        return m_ptOrigin;
+    }
+
+private:
+    HWND m_hParent = nullptr;
+    POINT m_ptOrigin{0, 0};
+};
+
+CRect LeafViewRect(const CSplitLine& leaf, ParentOrigin& origin)
 {
     const CBaseUnitWnd* pUnit = leaf.GetUnitWnd();
     CRect rc;
     if (!pUnit || !::GetWindowRect(pUnit->m_hWnd, rc))
         return {};
-    if (const HWND hParent = ::GetParent(pUnit->m_hWnd)) {
-        POINT ptOrigin = {0, 0};
-        ::ClientToScreen(hParent, &ptOrigin);
-        rc.OffsetRect(SubtractClamped(0, ptOrigin.x), SubtractClamped(0, ptOrigin.y));
-    }
+    const POINT pt = origin.Of(::GetParent(pUnit->m_hWnd));
+    rc.OffsetRect(SubtractClamped(0, pt.x), SubtractClamped(0, pt.y));
     return rc;
 }
 
@@ -114,9 +130,12 @@ void FoldSizes(const CNodeTable& table, int nIndex, std::vector<NodeSizes>& arrS
 
 void FoldViewRects(const CNodeTable& table, std::vector<CRect>& arrRect)
 {
-    table.FoldUp(0, arrRect, LeafViewRect, [](const CSplitLine&, const CRect& first, const CRect& second) {
-        return MergeViewRects(first, second);
-    });
+    ParentOrigin origin;
+    table.FoldUp(
+        0, arrRect, [&origin](const CSplitLine& leaf) { return LeafViewRect(leaf, origin); },
+        [](const CSplitLine&, const CRect& first, const CRect& second) {
+            return MergeViewRects(first, second);
+        });
 }
 
 CRect MergeViewRects(const CRect& a, const CRect& b)

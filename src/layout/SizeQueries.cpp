@@ -26,11 +26,14 @@ NodeSizes SizesOf(const CSplitLine& node)
     return arrSizes[0];
 }
 
-// One field of the records over the subtree: lines of kind nAlong add up, others take the larger.
+// One field of the records over a subtree: lines of kind nAlong add up, others take the larger.
 template <class T>
-T FoldField(const CSplitLine& node, T CBaseUnitInfo::*pField, T none, CSplitLine::NodeType nAlong)
+T FoldField(const CNodeTable& table, int nIndex, T CBaseUnitInfo::*pField, T none,
+            CSplitLine::NodeType nAlong)
 {
-    return TableOf(node).Fold<T>(
+    std::vector<T> arrValue;
+    table.FoldUp(
+        nIndex, arrValue,
         [=](const CSplitLine& leaf) {
             const CBaseUnitWnd* pUnit = leaf.GetUnitWnd();
             if (!pUnit)
@@ -40,6 +43,7 @@ T FoldField(const CSplitLine& node, T CBaseUnitInfo::*pField, T none, CSplitLine
         [=](const CSplitLine& line, T first, T second) {
             return Combine(first, second, line.m_nType == nAlong);
         });
+    return arrValue[static_cast<std::size_t>(nIndex)];
 }
 
 } // namespace
@@ -77,20 +81,18 @@ int CSplitLine::GetHeightFixed() const
     return SizesOf(*this).height.nFixed;
 }
 
-int CSplitLine::GetMinWidth(NodeType t) const
+int splitframe::LeastAlong(const CNodeTable& table, int nIndex, CSplitLine::NodeType nAlong)
 {
-    return FoldField(*this, &CBaseUnitInfo::m_nMinWidth, 0, t);
-}
-int CSplitLine::GetMinHeight(NodeType t) const
-{
-    return FoldField(*this, &CBaseUnitInfo::m_nMinHeight, 0, t);
+    const auto pField =
+        nAlong == CSplitLine::NT_HLINE ? &CBaseUnitInfo::m_nMinHeight : &CBaseUnitInfo::m_nMinWidth;
+    return FoldField(table, nIndex, pField, 0, nAlong);
 }
 
 double CSplitLine::GetWidthRate() const
 {
-    return FoldField(*this, &CBaseUnitInfo::m_dWidthRate, 10.0, NT_VLINE);
+    return FoldField(TableOf(*this), 0, &CBaseUnitInfo::m_dWidthRate, 10.0, NT_VLINE);
 }
 double CSplitLine::GetHeightRate() const
 {
-    return FoldField(*this, &CBaseUnitInfo::m_dHeightRate, 10.0, NT_HLINE);
+    return FoldField(TableOf(*this), 0, &CBaseUnitInfo::m_dHeightRate, 10.0, NT_HLINE);
 }

@@ -137,14 +137,14 @@ bool IsDirection(CSplitLine::DIRECT_VALUE d)
 
 // The nearest line above that has this node on its one side, and something in the direction on its other. The
 // slow follower meets the walker when parent links run in a circle.
-const CSplitLine* CSplitLine::FindDivider(DIRECT_VALUE d) const
+CSplitLine* CSplitLine::FindDivider(DIRECT_VALUE d) const
 {
     if (!IsDirection(d))
         return nullptr;
     const CSplitLine* pNode = this;
     const CSplitLine* pSlow = this;
     for (bool bFollow = false;; bFollow = !bFollow) {
-        const CSplitLine* pLine = pNode->m_pParent;
+        CSplitLine* pLine = pNode->m_pParent;
         if (!pLine || pLine->m_nType == NT_UNIT || !pLine->Holds(pNode))
             return nullptr;
         const CSplitLineLink& from = LeadsToFirst(d) ? pLine->m_pSecond : pLine->m_pFirst;

@@ -5,6 +5,7 @@
 // side's parent link leads back, and treats any other side as an empty one, which counts as collapsed.
 #pragma once
 
+#include "layout/DragIndicator.h"
 #include "layout/SplitLineLink.h"
 #include "platform/base/Export.h"
 #include "platform/base/Geometry.h"
@@ -99,6 +100,47 @@ public:
     /// share can't be told (nothing free to divide) keeps it.
     void ReCalRate();
 
+    // Dragging, with the mouse at points of the host window's client area. A line with a missing side can't
+    // be dragged.
+
+    /// The movable line whose grab band holds the point, or null. The band is the gap between the line's two
+    /// sides, at least 4 pixels across. The first one in pre-order is taken.
+    CSplitLine* HitTest(CPoint pt) const;
+    /// The ends of the line: along the upper or left edge of its second side. @return false, and nothing is
+    /// set, for a unit
+    bool GetSplitLinePos(CPoint& ptFrom, CPoint& ptTo) const;
+    /// Moves the indicator of the line to a point, or removes it at (-1, -1). A point that would leave less
+    /// than its least size to a side is ignored: the indicator stays where it was. Moves no pane. The
+    /// indicator goes with the line.
+    void DrawSplitLineByPos(CPoint pt);
+    /// Ends a drag: removes the indicator and lays the two sides out as divided at the point, or as near to
+    /// it as their least sizes allow (the second side's first of all). Shares stay: see ReCalRate.
+    void ModifyWindow(CPoint pt);
+    /// Makes the line directly above a unit or line movable, or fixes it.
+    /// @param strName  of the unit or line, compared exactly; the first match in pre-order is taken
+    /// @return false, and nothing has changed, when nothing below this node has the name
+    bool EnableMove(CString strName, bool bEnable);
+    /// The same with the name of the line itself, which must have the side asked for.
+    bool EnableMove(CString strName, bool bFirst, bool bEnable);
+
+    // Editing. Only units below this node are found and replaced; names are compared exactly, the first match
+    // in pre-order is taken, and a line where a unit is asked for is passed by.
+
+    /// Puts a unit in the place of the one with that name: the new one takes its place, rectangle and
+    /// collapse flag, is shown and told (ProcessActivate, ProcessActivate2), and the old one is hidden and
+    /// told. Lays nothing out. The old unit is kept, in no tree, by whoever owns it. A new unit that stands
+    /// elsewhere in the same tree changes places with the old one instead; both stay as they are.
+    /// @param pNew  a child of the same window as the old one; not owned
+    /// @return true also when the unit stands there already; false, and nothing has changed, when there is no
+    /// such unit, pNew is null, or is a child of another window; false as well when a hook took the place
+    bool Replace(CString strName, CBaseUnitWnd* pNew);
+    /// The same for the name of a unit; the old one is hidden and told before the new one comes.
+    bool Replace(CBaseUnitWnd* pOld, CBaseUnitWnd* pNew);
+    /// The same for the unit on one side of the line with that name.
+    bool Replace(CString strSplitName, bool bFirst, CBaseUnitWnd* pNew);
+    /// The unit on one side of the line with that name, or null.
+    CBaseUnitWnd* FindBaseUnitWnd(CString strSplitName, bool bFirst);
+
     NodeType m_nType;
     /// Where the drag indicator of this line was last drawn; (-1, -1): nowhere.
     CPoint m_ptIndicator;
@@ -135,14 +177,13 @@ private:
     friend class splitframe::CNodeTable;
 
     double GetLRate() const { return m_dLRate; }
-    // Sizes along one orientation, whatever is visible: lines of kind t add their sides up, others take the
-    // larger.
-    int GetMinWidth(NodeType t) const;
-    int GetMinHeight(NodeType t) const;
     int GetWidthFixed() const;
     int GetHeightFixed() const;
     double GetWidthRate() const;
     double GetHeightRate() const;
+
+    bool GetSplitLineRect(CRect& rc) const;
+    void DrawIndicator(CPoint ptFrom, CPoint ptTo);
 
     static CRect MergeRect(CRect a, CRect b);
     // The pass (0 the first, 1 the second) makes no difference.
@@ -152,7 +193,7 @@ private:
     // The rectangle makes no difference.
     void ReCalRate2(CRect rc);
 
-    const CSplitLine* FindDivider(DIRECT_VALUE d) const;
+    CSplitLine* FindDivider(DIRECT_VALUE d) const;
     bool MayDelete(const CSplitLine* pSide) const;
     void DeleteLines();
     void TakeLines(std::vector<splitframe::CSplitLineLink>& arrTaken);
@@ -160,6 +201,8 @@ private:
 
     // Set while the unit that this leaf belongs to lives.
     CBaseUnitWnd* m_pUnit = nullptr;
+    // What m_ptIndicator tells of, on the screen.
+    splitframe::CDragIndicator m_indicator;
     // All links that name this node.
     splitframe::CSplitLineLink* m_pLinks = nullptr;
     // The layout pass that divided this line last: none divides a line twice, however hooks relink the tree.

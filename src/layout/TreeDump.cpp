@@ -38,7 +38,7 @@ std::string UnitText(const CBaseUnitWnd* pUnit)
     return strText;
 }
 
-std::string NodeText(const CSplitLine& node, const CRect& rc)
+std::string NodeText(const CSplitLine& node, const CRect& rc, const std::string& strRemark)
 {
     static const char* const KINDS[] = {"HLINE ", "VLINE ", "UNIT "};
     const bool bUnit = node.m_nType == CSplitLine::NT_UNIT;
@@ -49,6 +49,8 @@ std::string NodeText(const CSplitLine& node, const CRect& rc)
         strText += " movable";
     if (!node.m_bShow)
         strText += " collapsed";
+    if (!strRemark.empty())
+        strText += " " + strRemark;
     return strText + "  " + std::to_string(rc.left) + "," + std::to_string(rc.top) + " " +
            std::to_string(rc.Width()) + "x" + std::to_string(rc.Height());
 }
@@ -65,7 +67,7 @@ void AddLine(std::string& strDump, int nDepth, const std::string& strText)
 
 } // namespace
 
-std::string DumpTree(const CSplitLine& node)
+std::string DumpTree(const CSplitLine& node, const std::function<std::string(const CSplitLine&)>& remark)
 {
     CNodeTable table;
     table.Build(const_cast<CSplitLine&>(node)); // a question: nothing is changed through it
@@ -75,7 +77,9 @@ std::string DumpTree(const CSplitLine& node)
     std::string strDump;
     for (int i = 0; i < table.GetCount(); ++i) {
         const auto nIndex = static_cast<std::size_t>(i);
-        AddLine(strDump, arrDepth[nIndex], NodeText(*table[i].pNode, arrRect[nIndex]));
+        const CSplitLine& each = *table[i].pNode;
+        AddLine(strDump, arrDepth[nIndex],
+                NodeText(each, arrRect[nIndex], remark ? remark(each) : std::string()));
         for (const int nSide : {table.FirstOf(i), table[i].nSecond}) {
             if (nSide >= 0)
                 arrDepth[static_cast<std::size_t>(nSide)] = arrDepth[nIndex] + 1;

@@ -3,6 +3,7 @@
 
 #include "platform/base/Export.h"
 
+#include <functional>
 #include <string>
 
 class CSplitLine;
@@ -11,6 +12,8 @@ namespace splitframe {
 
 /// One line a node in UTF-8, two spaces deeper than its line: kind, name, rate, what is not usual (movable,
 /// collapsed, fixed or limited sizes, hidden, no window), and the rectangle that it covers now.
-SPLITFRAME_API std::string DumpTree(const CSplitLine& node);
+/// @param remark  what else to say of a node, before its rectangle; may be empty
+SPLITFRAME_API std::string DumpTree(const CSplitLine& node,
+                                    const std::function<std::string(const CSplitLine&)>& remark = {});
 
 } // namespace splitframe

@@ -98,6 +98,41 @@ public:
     /// @return the helper's answer; -1 when the unit is in no frame
     LRESULT ProcessHelperMessage(DWORD nMsg, WPARAM wParam, LPARAM lParam);
 
+    // Editing the split tree around the unit. Hooks of any unit may run before a call returns.
+
+    /// Asks the helper of the unit's frame to put one unit of the frame in the place of another, and to lay
+    /// the frame out (HELPER_MSG_REPLACE_OR_MOVE).
+    /// @return whether it did; false in no frame
+    bool ReplaceBaseUnit(CString strNew, CString strOld);
+    /// The same for the unit on one side of a line (HELPER_MSG_REPLACE_SIDE).
+    bool ReplaceBaseUnit(CString strNew, CString strSplitName, bool bFirst);
+    /// The same without the helper, for the pane that bears the name of pOld.
+    bool ReplaceBaseUnit(CString strNew, CBaseUnitWnd* pOld);
+
+    /// The unit on one side of a line of the active tree, or null.
+    CBaseUnitWnd* FindBaseUnitWnd(CString strSplitName, bool bFirst);
+    /// The unit of that name in the unit's frame, or null.
+    CBaseUnitWnd* FindBaseUnitWnd(CString strName);
+    /// A unit of any frame, open or not (CBaseFrameDoc::CreateBaseUnitWnd), or null. Owned by that frame.
+    CBaseUnitWnd* FindBaseUnitWnd2(CString strFrame, CString strUnit);
+
+    /// Collapses the part of the frame across the nearest line in a direction, and brings it back; the active
+    /// tree is laid out again where it is. The line's share stays.
+    /// @return whether the part is shown now; without a part in that direction, or an active tree, the
+    /// opposite of what was asked for. False for what is no direction
+    bool Hide(DIRECT_VALUE d);
+    bool Show(DIRECT_VALUE d);
+    bool ProcessModifyWindow(DIRECT_VALUE d, bool bShow);
+    /// Turns the unit's flag for the direction (m_bShowSide) over, and hides or shows accordingly. @return
+    /// 1.0 or 0.0: whether the part is shown
+    double HideShow(DIRECT_VALUE d);
+    /// Whether the part in that direction is collapsed; the unit's flag follows.
+    bool GetHideShowState(DIRECT_VALUE d);
+    /// Sets the share of the part across the nearest line in a direction and lays the line's sides out.
+    /// @return the share before; without a line -1.0 to the left and top, 2.0 to the right and bottom;
+    /// without an active tree dRate
+    double ProcessModifyWindow(DIRECT_VALUE d, double dRate);
+
     LRESULT OnUpdateMenuUI(WPARAM wParam, LPARAM lParam);
 
     /// The activation hooks have told the unit that it is in use.

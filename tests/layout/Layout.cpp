@@ -222,16 +222,20 @@ TEST_F(LayoutHooks, DestructionOfAnythingInTheMiddleIsSafe)
         },
     };
     for (const char* pszHooked : {"a", "b", "c", "d"}) {
-        for (const bool bSize : {false, true}) {
+        for (const std::string strWhen : {"activated", "sized", "dragged"}) {
             for (std::size_t i = 0; i < std::size(destructions); ++i) {
-                SCOPED_TRACE(std::string(pszHooked) + (bSize ? " sized " : " activated ") +
-                             std::to_string(i));
+                SCOPED_TRACE(std::string(pszHooked) + " " + strWhen + " " + std::to_string(i));
                 m_host = std::make_unique<HostWindow>();
                 Make("V0.5[H0.5[a b] V0.5[c d]]");
-                (bSize ? Unit(pszHooked).m_onSize : Unit(pszHooked).m_onActivate) = [&] {
+                if (strWhen == "dragged")
+                    Root().ModifyWindow(CRect(0, 0, 100, 100));
+                (strWhen == "activated" ? Unit(pszHooked).m_onActivate : Unit(pszHooked).m_onSize) = [&] {
                     destructions[i](*this);
                 };
-                Root().ModifyWindow(CRect(0, 0, 100, 100));
+                if (strWhen == "dragged")
+                    Root().ModifyWindow(CPoint(30, 50));
+                else
+                    Root().ModifyWindow(CRect(0, 0, 100, 100));
                 if (m_tree && m_tree->HasRoot())
                     Root().ModifyWindow();
                 m_tree.reset();

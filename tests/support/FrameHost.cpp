@@ -48,6 +48,7 @@ IMPLEMENT_DYNCREATE(ThrowingUnit, CBaseUnitWnd)
 
 BEGIN_MESSAGE_MAP(RecordingUnit, CBaseUnitWnd)
 ON_WM_SIZE()
+ON_WM_SHOWWINDOW()
 ON_WM_LBUTTONDOWN()
 ON_MESSAGE(WM_LBUTTONDBLCLK, &RecordingUnit::OnDblClk)
 ON_WM_RBUTTONDOWN()
@@ -88,6 +89,25 @@ BOOL RecordingUnit::Init(const wchar_t* pszParam)
     return bResult;
 }
 
+BOOL RecordingUnit::ShowWindowEx(int nCmdShow)
+{
+    const splitframe::CSplitLineLink self(this);
+    const BOOL bResult = CBaseUnitWnd::ShowWindowEx(nCmdShow);
+    if (self)
+        Note("Show" + std::to_string(nCmdShow));
+    return bResult;
+}
+
+void RecordingUnit::HandleStyle(CString strStyle)
+{
+    Note("Handle" + strStyle.ToUtf8());
+}
+
+void RecordingUnit::OnStyleChange(bool b)
+{
+    Note(b ? "Style1" : "Style0");
+}
+
 void RecordingUnit::ProcessActivate2(bool bActivate)
 {
     Note(bActivate ? "Use1" : "Use0");
@@ -120,6 +140,13 @@ void RecordingUnit::OnSize(UINT nType, int cx, int cy)
 {
     CBaseUnitWnd::OnSize(nType, cx, cy);
     Note("Size");
+}
+
+void RecordingUnit::OnShowWindow(BOOL bShow, UINT nStatus)
+{
+    CBaseUnitWnd::OnShowWindow(bShow, nStatus);
+    if (!bShow)
+        Note("Hidden");
 }
 
 void RecordingUnit::OnLButtonDown(UINT, CPoint)
@@ -185,9 +212,11 @@ void RecordingHelper::ProcessActivate2(bool bActivate)
     Log().Note(bActivate ? "helper.Use1" : "helper.Use0", nullptr);
 }
 
-LRESULT RecordingHelper::ProcessMessage(DWORD nMsg, WPARAM wParam, LPARAM)
+LRESULT RecordingHelper::ProcessMessage(DWORD nMsg, WPARAM wParam, LPARAM lParam)
 {
-    return Log().Note("helper.Message" + std::to_string(nMsg) + "," + std::to_string(wParam), nullptr);
+    const std::string strEvent = "helper.Message" + std::to_string(nMsg) + "," + std::to_string(wParam);
+    const LRESULT nAnswer = Log().Note(strEvent, nullptr);
+    return nAnswer ? nAnswer : CBaseFrameHelper::ProcessMessage(nMsg, wParam, lParam);
 }
 
 void RecordingHelper::OnStyleInitial()

@@ -50,7 +50,10 @@ public:
     ~RecordingUnit() override;
     BOOL Create(CWnd* pParent, CBaseUnitInfo* pInfo) override;
     BOOL Init(const wchar_t* pszParam) override;
+    BOOL ShowWindowEx(int nCmdShow) override;
     void ProcessActivate2(bool bActivate) override;
+    void HandleStyle(CString strStyle) override;
+    void OnStyleChange(bool b) override;
     LRESULT ProcessCommand(UINT nCmd, LPARAM lParam) override;
     void OnMDIActivate(BOOL bActivate, CWnd* pActivate, CWnd* pDeactivate) override;
     GUID GetGUID() override;
@@ -59,6 +62,7 @@ public:
 protected:
     void CustomDraw(CPaintDC* pDC) override;
     void OnSize(UINT nType, int cx, int cy);
+    void OnShowWindow(BOOL bShow, UINT nStatus);
     void OnLButtonDown(UINT nFlags, CPoint pt);
     LRESULT OnDblClk(WPARAM wParam, LPARAM lParam);
     void OnRButtonDown(UINT nFlags, CPoint pt);

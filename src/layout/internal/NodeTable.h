@@ -78,13 +78,6 @@ public:
             }
         }
     }
-    template <class T, class LeafFunction, class LineFunction>
-    T Fold(LeafFunction leaf, LineFunction line) const
-    {
-        std::vector<T> arrValue;
-        FoldUp(0, arrValue, leaf, line);
-        return arrValue[0];
-    }
 
 private:
     std::vector<Entry> m_arrEntry;
@@ -104,6 +97,9 @@ inline double Combine(double dFirst, double dSecond, bool bAlong)
 
 /// What the units of a node need and take: computes it for the subtree at nIndex.
 void FoldSizes(const CNodeTable& table, int nIndex, std::vector<NodeSizes>& arrSizes);
+/// What the subtree at nIndex needs at least across lines of a kind, whatever is visible: its width across
+/// vertical lines, its height across horizontal ones.
+int LeastAlong(const CNodeTable& table, int nIndex, CSplitLine::NodeType nAlong);
 /// The rectangles that the windows cover now, in their parents' client coordinates.
 void FoldViewRects(const CNodeTable& table, std::vector<CRect>& arrRect);
 /// The smallest rectangle around both; one without area adds nothing, and gives way to the other.
