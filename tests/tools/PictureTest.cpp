@@ -60,6 +60,19 @@ TEST(ViewerPicture, HoldsTheViewWithEachPaneWhereTheLayoutPutsIt)
     }
 }
 
+TEST(ViewerPicture, IsSharpAtAScale)
+{
+    const Workplace place;
+    place.Write("f.xml", Pair());
+    const Outcome outcome = place.Run({"--png", "out.png", "--size", "202x103", "--scale", "2.5", "f.xml"});
+    ASSERT_EQ(outcome.nStatus, 0) << outcome.strErr;
+    const Picture picture = ReadPicture(place.Path("out.png"));
+    ASSERT_EQ(picture.cx, 505);
+    ASSERT_EQ(picture.cy, 258);
+    EXPECT_EQ(picture.At(249, 125), BorderOf("A"));
+    EXPECT_EQ(picture.At(250, 125), BorderOf("B"));
+}
+
 TEST(ViewerPicture, GoesWhereItIsAskedTo)
 {
     const Workplace place;
@@ -226,13 +239,15 @@ TEST(ViewerPicture, LayoutWithoutAnythingToShowIsAnError)
     EXPECT_EQ(place.Run({"--list", "none.xml"}).nStatus, 0);
 }
 
-TEST(ViewerPicture, NeedsTheDisplayThatIsThere)
+TEST(ViewerPicture, NeedsNoScreen)
 {
     const Workplace place;
     place.Write("f.xml", Pair());
-    ::setenv("SPLITFRAME_DISPLAY", "sdl", 1);
-    const Outcome outcome = place.Run({"--png", "x.png", "f.xml"});
+    ::setenv("SPLITFRAME_DISPLAY", "none such", 1);
+    const Outcome picture = place.Run({"--png", "x.png", "f.xml"});
+    const Outcome window = place.Run({"f.xml"});
     ::unsetenv("SPLITFRAME_DISPLAY");
-    EXPECT_EQ(outcome.nStatus, 1);
-    EXPECT_NE(outcome.strErr.find("SPLITFRAME_DISPLAY=sdl"), std::string::npos) << outcome.strErr;
+    EXPECT_EQ(picture.nStatus, 0) << picture.strErr;
+    EXPECT_EQ(window.nStatus, 1);
+    EXPECT_NE(window.strErr.find("SPLITFRAME_DISPLAY=none such"), std::string::npos) << window.strErr;
 }

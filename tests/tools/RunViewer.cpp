@@ -10,13 +10,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace {
-
-std::string ReadAll(const std::filesystem::path& file)
+std::string ReadBytes(const std::filesystem::path& file)
 {
     std::ifstream stream(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
 }
+
+namespace {
 
 void Redirect(int nDescriptor, const std::string& strFile)
 {
@@ -65,8 +65,8 @@ Outcome Workplace::Run(std::vector<std::string> args, const std::string& strOutF
     }
     int nStatus = 0;
     ::waitpid(nChild, &nStatus, 0);
-    return {WIFEXITED(nStatus) ? WEXITSTATUS(nStatus) : -1, strOutFile.empty() ? ReadAll(strOut) : "",
-            ReadAll(strErr)};
+    return {WIFEXITED(nStatus) ? WEXITSTATUS(nStatus) : -1, strOutFile.empty() ? ReadBytes(strOut) : "",
+            ReadBytes(strErr)};
 }
 
 bool Picture::Has(std::uint32_t color) const

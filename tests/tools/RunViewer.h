@@ -35,6 +35,9 @@ private:
     std::filesystem::path m_path;
 };
 
+/// All bytes of a file.
+std::string ReadBytes(const std::filesystem::path& file);
+
 /// A picture read from a PNG file; 0 by 0 when there is none.
 struct Picture
 {

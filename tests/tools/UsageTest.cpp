@@ -44,6 +44,10 @@ TEST(ViewerUsage, WrongUsageIsStatus2AndPrintsNothingElse)
         {{"f.xml", "--size", "100x50px"}, "size '100x50px' is not"},
         {{"f.xml", "--size", "8193x10"}, "size '8193x10' is not"},
         {{"f.xml", "--size", "99999999999999999999x1"}, "is not WIDTHxHEIGHT from 1x1 to 8192x8192"},
+        {{"f.xml", "--scale", "0"}, "scale '0' is not a number from 0.25 to 8"},
+        {{"f.xml", "--scale", "nan"}, "scale 'nan' is not"},
+        {{"f.xml", "--scale", "2x"}, "scale '2x' is not"},
+        {{"f.xml", "--save-as", ""}, "option --save-as needs a file or directory"},
         {{"--", "--list", "f.xml"}, "more than one layout file"},
     };
     for (const auto& c : cases) {
@@ -60,7 +64,8 @@ TEST(ViewerUsage, HelpAndVersionNeedNoFile)
     const Workplace place;
     const Outcome help = place.Run({"--help"});
     EXPECT_EQ(help.nStatus, 0);
-    for (const char* pszOption : {"--list", "--frame", "--style", "--all", "--size", "--png", "--version"})
+    for (const char* pszOption : {"--list", "--frame", "--style", "--all", "--size", "--png", "--scale",
+                                  "--save-as", "--version", "F5", "Ctrl+S", "Ctrl+Left"})
         EXPECT_NE(help.strOut.find(pszOption), std::string::npos) << pszOption;
     const Outcome version = place.Run({"--version"});
     EXPECT_EQ(version.nStatus, 0);

@@ -2,6 +2,7 @@
 #include "LayoutFile.h"
 
 #include "ClassGuids.h"
+#include "OpenFile.h"
 #include "platform/base/Unicode.h"
 
 #include <cerrno>
@@ -14,23 +15,6 @@
 namespace viewer {
 namespace {
 
-class Descriptor
-{
-public:
-    explicit Descriptor(int nDescriptor) : m_nDescriptor(nDescriptor) {}
-    ~Descriptor()
-    {
-        if (m_nDescriptor >= 0)
-            ::close(m_nDescriptor);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    int Get() const { return m_nDescriptor; }
-
-private:
-    int m_nDescriptor;
-};
-
 // Why a file can't be read, in words; empty if it can be.
 std::string WhyUnreadable(int nDescriptor)
 {
@@ -40,15 +24,6 @@ std::string WhyUnreadable(int nDescriptor)
     if (S_ISDIR(status.st_mode))
         return "it is a directory";
     return S_ISREG(status.st_mode) ? "" : "it is no regular file";
-}
-
-// Paths are bytes. Those that are not UTF-8 can't be said in wide text, but the open file has a name that
-// can.
-CString WidePath(const std::string& strFile, int nDescriptor)
-{
-    const CString strWide = CString::FromUtf8(strFile);
-    return strWide.ToUtf8() == strFile ? strWide
-                                       : CString::FromUtf8("/proc/self/fd/" + std::to_string(nDescriptor));
 }
 
 // Two encodings that are not read are easily taken for a broken file.
@@ -67,24 +42,42 @@ std::string EncodingHint(int nDescriptor)
 
 bool LayoutFile::Read(const std::string& strFile, Messages& messages)
 {
-    const Descriptor descriptor(::open(strFile.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const Descriptor descriptor(OpenToRead(strFile));
     const std::string strReason = WhyUnreadable(descriptor.Get());
     if (!strReason.empty()) {
         messages.Error("can't be read: " + strReason);
         return false;
     }
-    const bool bParsed = m_markup.Load(WidePath(strFile, descriptor.Get())) != 0;
+    m_stamp = StampOf(descriptor.Get());
+    const CString strPath = WidePath(strFile, descriptor.Get());
+    if (!Parse(strPath, EncodingHint(descriptor.Get()), messages))
+        return false;
+    m_pFileText = std::make_unique<FileText>(strPath);
+    if (m_pFileText->GetText() == m_markup.GetDoc() && StampOf(strFile) == m_stamp)
+        return true;
+    messages.Error("can't be read: it was changed meanwhile");
+    return false;
+}
+
+bool LayoutFile::Parse(const CString& strPath, const std::string& strHint, Messages& messages)
+{
+    const bool bParsed = m_markup.Load(strPath) != 0;
     if (m_markup.GetFailure() == CMarkup::Failure::CannotRead ||
         m_markup.GetFailure() == CMarkup::Failure::TextCut) {
-        messages.Error(m_markup.GetFailureText().ToUtf8() + EncodingHint(descriptor.Get()));
+        messages.Error(m_markup.GetFailureText().ToUtf8() + strHint);
         return false;
     }
-    messages.SetText(m_markup.GetDoc(), [this](const Diagnostic& fault) { return FindPlace(fault); });
+    TellPlaces(messages);
     if (!bParsed)
         messages.Error(m_markup.GetFailureText().ToUtf8(), m_markup.GetFailurePos());
     else
         m_classes = GatherClassGuids(m_markup);
     return bParsed;
+}
+
+void LayoutFile::TellPlaces(Messages& messages)
+{
+    messages.SetText(m_markup.GetDoc(), [this](const Diagnostic& fault) { return FindPlace(fault); });
 }
 
 } // namespace viewer

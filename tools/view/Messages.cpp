@@ -20,9 +20,16 @@ Messages::~Messages()
     ClearProgress();
 }
 
+void Messages::SetText(const CString& strText, Locator locator)
+{
+    m_strText = strText;
+    m_locator = std::move(locator);
+    m_setWarned.clear();
+}
+
 void Messages::Error(const std::string& strMessage, int nPosition)
 {
-    Print(Place(nPosition) + "error: " + strMessage);
+    PrintError(Place(nPosition) + "error: " + strMessage);
 }
 
 void Messages::Warning(const std::string& strMessage, int nPosition)
@@ -34,7 +41,7 @@ void Messages::Warning(const std::string& strMessage, int nPosition)
 
 void Messages::Failure(const std::string& strMessage)
 {
-    Print("splitframe-view: " + strMessage);
+    PrintError("splitframe-view: " + strMessage);
 }
 
 void Messages::Note(const std::string& strMessage)
@@ -74,6 +81,13 @@ void Messages::Print(const std::string& strLine)
 {
     ClearProgress();
     std::fprintf(stderr, "%s\n", strLine.c_str());
+}
+
+void Messages::PrintError(const std::string& strLine)
+{
+    Print(strLine);
+    if (m_errorListener)
+        m_errorListener(strLine);
 }
 
 void Messages::ClearProgress()

@@ -26,12 +26,17 @@ public:
     using Locator = std::function<int(const Diagnostic&)>;
 
     /// Sets the text that positions refer to, once it is known, and who finds things in it. Both are used
-    /// until the next call.
-    void SetText(const CString& strText, Locator locator)
+    /// until the next call. Warnings are counted, and told again, from here on.
+    void SetText(const CString& strText, Locator locator);
+
+    /// Who else is told of errors and failures, with what is printed; empty: nobody.
+    void SetErrorListener(std::function<void(const std::string&)> listener)
     {
-        m_strText = strText;
-        m_locator = std::move(locator);
+        m_errorListener = std::move(listener);
     }
+
+    /// How many warnings the text has caused.
+    int GetWarningCount() const { return static_cast<int>(m_setWarned.size()); }
 
     /// Prints FILE:LINE:COLUMN: error: MESSAGE. @param nPosition  index into the text; -1: the file as a
     /// whole
@@ -54,12 +59,14 @@ public:
 
 private:
     void Print(const std::string& strLine);
+    void PrintError(const std::string& strLine);
     void ClearProgress();
     std::string Place(int nPosition) const;
 
     std::string m_strFile;
     CString m_strText;
     Locator m_locator;
+    std::function<void(const std::string&)> m_errorListener;
     std::set<std::string> m_setWarned;
     bool m_bTerminal;
     bool m_bProgress = false; // a progress line stands on the terminal

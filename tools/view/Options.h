@@ -13,6 +13,9 @@ namespace viewer {
 /// Longest side of a picture in pixels; keeps its memory within what any machine has.
 inline constexpr int kMaxSide = 8192;
 
+/// Size of a picture that nobody gave another.
+inline constexpr CSize kPictureSize{1024, 768};
+
 struct Options
 {
     std::string strFile; // the layout file as it was typed
@@ -21,7 +24,9 @@ struct Options
     std::optional<std::string> strFrame;
     std::optional<std::string> strStyle;
     std::optional<std::string> strPng;
-    CSize size{1024, 768}; // of the frame's view, in pixels
+    std::optional<std::string> strSaveAs; // where saving goes instead of into the layout file
+    std::optional<CSize> size;   // of the frame's view, in pixels; a picture has kPictureSize otherwise
+    std::optional<double> scale; // device pixels per pixel
 };
 
 /// The command line asks for a text instead of work.

@@ -50,8 +50,19 @@ PaneColors ColorsOf(const CString& strName)
     const double dHue = kHues[nHash % std::size(kHues)];
     const Tone& tone = kTones[nHash / std::size(kHues) % std::size(kTones)];
     return {FromHsl(dHue, tone.dSaturation, tone.dLightness),
-            FromHsl(dHue, tone.dSaturation, tone.dLightness - 0.08), FromHsl(dHue, 0.30, 0.58),
-            FromHsl(dHue, 0.25, 0.36), FromHsl(dHue, 0.40, 0.20)};
+            FromHsl(dHue, tone.dSaturation, tone.dLightness - 0.08),
+            FromHsl(dHue, 0.30, 0.58),
+            FromHsl(dHue, 0.25, 0.36),
+            FromHsl(dHue, 0.40, 0.20),
+            FromHsl(dHue, 0.40, 0.20)};
+}
+
+PaneColors Stronger(const PaneColors& colors)
+{
+    PaneColors strong = colors;
+    strong.header = colors.faintText;
+    strong.headerText = RGB(255, 255, 255);
+    return strong;
 }
 
 } // namespace viewer

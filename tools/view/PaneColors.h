@@ -13,8 +13,12 @@ struct PaneColors
     COLORREF border;
     COLORREF faintText;
     COLORREF text;
+    COLORREF headerText;
 };
 
 PaneColors ColorsOf(const CString& strName);
+
+/// The same hue for the pane that has the focus: a dark band with light text.
+PaneColors Stronger(const PaneColors& colors);
 
 } // namespace viewer

@@ -79,13 +79,13 @@ void PanePainter::PaintBand(CDC& dc, CRect rc, const PaneTexts& texts, const Pan
         dc.SelectObject(&m_fontText);
         const int nWidth = dc.GetTextExtent(texts.strSize).cx;
         if (rc.Width() - nWidth - nMargin >= kLeastNameWidth) {
-            dc.SetTextColor(colors.faintText);
+            dc.SetTextColor(colors.headerText);
             dc.DrawText(texts.strSize, rc, kOneLine | DT_RIGHT);
             rc.right -= nWidth + nMargin;
         }
     }
     dc.SelectObject(&m_fontName);
-    dc.SetTextColor(colors.text);
+    dc.SetTextColor(colors.headerText);
     dc.DrawText(texts.strName, rc, kOneLine);
 }
 

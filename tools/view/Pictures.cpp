@@ -117,7 +117,7 @@ bool Pictures::WriteView(const CBaseFrameDoc& document, const fs::path& file)
     splitframe::PaintNow();
     CRect rcView;
     view.GetWindowRect(rcView);
-    splitframe::Surface picture(m_size.cx, m_size.cy);
+    splitframe::Surface picture(m_size.cx, m_size.cy, pDisplay->Scale());
     picture.Copy(pDisplay->Shown(), rcView, {0, 0});
     const std::string strReason = splitframe::WritePng(picture, file);
     if (!strReason.empty())

@@ -1,7 +1,11 @@
 // The placeholder's window: what it answers as a unit, and when it paints.
 #include "PlaceholderUnit.h"
 
+#include "ViewerWindow.h"
 #include "definition/UnitInfo.h"
+#include "document/BaseFrameDoc.h"
+#include "document/BaseFrameView.h"
+#include "platform/docview/WinApp.h"
 #include "platform/window/PaintDC.h"
 
 namespace {
@@ -26,6 +30,9 @@ BEGIN_MESSAGE_MAP(CPlaceholderUnit, CBaseUnitWnd)
 ON_WM_PAINT()
 ON_WM_SIZE()
 ON_WM_MOVE()
+ON_WM_SETFOCUS()
+ON_WM_KILLFOCUS()
+ON_WM_LBUTTONDOWN()
 END_MESSAGE_MAP()
 
 CPlaceholderUnit::CPlaceholderUnit() : m_pPainter(SharedPainter()), m_colors(viewer::ColorsOf(CString())) {}
@@ -57,7 +64,7 @@ void CPlaceholderUnit::CustomDraw(CPaintDC* pDC)
 {
     CRect rcClient;
     GetClientRect(rcClient);
-    m_pPainter->Paint(*pDC, rcClient, Texts(), m_colors);
+    m_pPainter->Paint(*pDC, rcClient, Texts(), ShowsFocus() ? viewer::Stronger(m_colors) : m_colors);
 }
 
 // A frame tells only its own units that it was activated. A global unit is to be seen all the same.
@@ -78,6 +85,45 @@ void CPlaceholderUnit::OnMove(int x, int y)
 {
     CBaseUnitWnd::OnMove(x, y);
     Invalidate();
+}
+
+void CPlaceholderUnit::OnSetFocus(CWnd* pOldWnd)
+{
+    CBaseUnitWnd::OnSetFocus(pOldWnd);
+    Invalidate();
+}
+
+void CPlaceholderUnit::OnKillFocus(CWnd* pNewWnd)
+{
+    CBaseUnitWnd::OnKillFocus(pNewWnd);
+    Invalidate();
+}
+
+// The pane becomes the current one, from which Tab goes on.
+void CPlaceholderUnit::OnLButtonDown(UINT nFlags, CPoint pt)
+{
+    CBaseUnitWnd::OnLButtonDown(nFlags, pt);
+    const auto* pView = DYNAMIC_DOWNCAST(CBaseFrameView, GetParent());
+    CBaseFrameDoc* pDocument = pView ? pView->GetFrameDoc() : nullptr;
+    for (int nUnit = 0; pDocument && nUnit < pDocument->GetBaseUnitWndCount(); ++nUnit)
+        if (pDocument->GetBaseUnitWnd(nUnit) == this)
+            return pDocument->SetCurrentBaseUnitWnd(nUnit);
+    SetFocus(); // a global unit is in no frame's list
+}
+
+// A picture shows the layout and not where somebody works in it.
+bool CPlaceholderUnit::ShowsFocus() const
+{
+    return GetFocus() == this && DYNAMIC_DOWNCAST(CViewerWindow, ::AfxGetMainWnd());
+}
+
+bool CPlaceholderUnit::ToggleSide(DIRECT_VALUE d)
+{
+    if (!GetSplitLine(d))
+        return false;
+    GetHideShowState(d); // others may have hidden it since this pane did
+    HideShow(d);
+    return true;
 }
 
 viewer::PaneTexts CPlaceholderUnit::Texts() const

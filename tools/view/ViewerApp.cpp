@@ -2,10 +2,12 @@
 // pictures.
 #include "ViewerApp.h"
 
+#include "LayoutSaving.h"
 #include "Listing.h"
 #include "Pictures.h"
-#include "Selection.h"
 #include "ViewerFrame.h"
+#include "ViewerView.h"
+#include "ViewerWindow.h"
 #include "document/BaseFrameDoc.h"
 #include "document/BaseFrameView.h"
 #include "frame/BaseFrameChildWnd.h"
@@ -13,7 +15,9 @@
 #include "platform/docview/DocTemplate.h"
 #include "platform/window/MessageLoop.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <utility>
 
@@ -27,20 +31,24 @@ constexpr UINT IDR_VIEWER = 1;
 } // namespace
 
 CViewerApp::CViewerApp(viewer::Options options, viewer::Messages& messages)
-    : CWinApp(L"splitframe-view"), m_options(std::move(options)), m_messages(messages)
+    : CWinApp(L"splitframe-view"), m_options(std::move(options)), m_messages(messages),
+      m_layout(m_options.strFile, messages)
 {
 }
 
 CViewerApp::~CViewerApp()
 {
     CloseMainFrame();
-    m_messages.SetText(m_layout.GetText(), {}); // faults are no longer looked for in the layout
 }
 
 BOOL CViewerApp::InitInstance()
 {
-    m_bFailed = !DoWork();
-    return FALSE;
+    m_bFailed = !ReadLayout() || !OpenDisplay();
+    if (m_bFailed)
+        return FALSE;
+    const bool bWindow = !m_options.bList && !m_options.strPng && !splitframe::CurrentHeadless();
+    m_bFailed = bWindow ? !OpenWindow() : !PrintAndDraw();
+    return bWindow && !m_bFailed;
 }
 
 int CViewerApp::ExitInstance()
@@ -54,43 +62,103 @@ void CViewerApp::CloseMainFrame()
 {
     if (m_pMainWnd)
         m_pMainWnd->DestroyWindow();
-    m_pFrame = nullptr;
 }
 
-bool CViewerApp::DoWork()
+// Lists and pictures need no screen.
+bool CViewerApp::OpenDisplay()
 {
-    if (!m_layout.Read(m_options.strFile, m_messages) || !CreateMainFrame())
+    if (m_options.bList || m_options.strPng) {
+        splitframe::SetDisplay(std::make_unique<splitframe::HeadlessDisplay>(
+            splitframe::HeadlessDisplay::DEFAULT_WIDTH, splitframe::HeadlessDisplay::DEFAULT_HEIGHT,
+            m_options.scale.value_or(1.0)));
+        return true;
+    }
+    if (m_options.scale)
+        ::setenv("SPLITFRAME_SCALE", std::to_string(*m_options.scale).c_str(),
+                 1); // where displays look for it
+    const CString strReason = splitframe::OpenDisplay();
+    if (!strReason.IsEmpty())
+        m_messages.Failure(strReason.ToUtf8());
+    return strReason.IsEmpty();
+}
+
+bool CViewerApp::OpenWindow()
+{
+    auto* pWindow = new CViewerWindow(m_layout, m_options.strSaveAs.value_or(m_options.strFile), m_messages);
+    if (!CreateMainFrame(pWindow))
         return false;
-    const std::vector<int> frames = viewer::ChooseFrames(*m_pFrame, m_options, m_messages);
+    pWindow->Start(MakeTemplate(RUNTIME_CLASS(CViewerView)));
+    const std::vector<int> frames = ChooseFrames();
+    std::vector<viewer::StyleChoice> choices = ChooseShown(frames);
+    if (choices.empty())
+        return false;
+    // A frame is open once, in one style.
+    const auto isSameFrame = [](const auto& a, const auto& b) { return a.nFrame == b.nFrame; };
+    choices.erase(std::unique(choices.begin(), choices.end(), isSameFrame), choices.end());
+    pWindow->Open(choices);
+    if (m_options.size)
+        pWindow->FitFront(*m_options.size);
+    return true;
+}
+
+bool CViewerApp::PrintAndDraw()
+{
+    auto* pFrame = new CViewerFrame;
+    if (!CreateMainFrame(pFrame))
+        return false;
+    pFrame->LoadLayout(MakeTemplate(RUNTIME_CLASS(CBaseFrameView)), m_layout.Get().GetText(),
+                       m_layout.Get().GetClasses());
+    const std::vector<int> frames = ChooseFrames();
     if (frames.empty() && m_options.strFrame)
         return false;
     if (m_options.bList && !PrintList(frames))
         return false;
-    return (m_options.bList && !m_options.strPng) || WritePictures(frames);
+    const bool bPictures = m_options.strPng || !(m_options.bList || m_options.strSaveAs);
+    return (!bPictures || WritePictures(frames)) && (!m_options.strSaveAs || SaveCopy());
 }
 
-bool CViewerApp::CreateMainFrame()
+// Nobody can have dragged anything.
+bool CViewerApp::SaveCopy()
 {
-    const CString strReason = splitframe::OpenDisplay();
-    if (!strReason.IsEmpty()) {
-        m_messages.Failure(strReason.ToUtf8());
-        return false;
-    }
-    auto* pTemplate = new CMultiDocTemplate(IDR_VIEWER, RUNTIME_CLASS(CBaseFrameDoc),
-                                            RUNTIME_CLASS(CBaseFrameChildWnd), RUNTIME_CLASS(CBaseFrameView));
-    AddDocTemplate(pTemplate);
-    auto* pFrame = new CViewerFrame;
+    return viewer::SaveLayout(m_layout.Get(), {}, *m_options.strSaveAs, m_messages);
+}
+
+bool CViewerApp::CreateMainFrame(CViewerFrame* pFrame)
+{
     if (!pFrame->LoadFrame(IDR_VIEWER)) {
         m_messages.Failure("the main window can't be created");
         return false;
     }
     m_pFrame = pFrame;
     m_pMainWnd = pFrame;
-    m_pFrame->LoadLayout(pTemplate, m_layout.GetText(), m_layout.GetClasses());
     m_pFrame->ShowWindow(SW_SHOW);
     m_pFrame->SetActiveWindow();
     splitframe::DrainMessages();
     return true;
+}
+
+CMultiDocTemplate* CViewerApp::MakeTemplate(CRuntimeClass* pViewClass)
+{
+    auto* pTemplate = new CMultiDocTemplate(IDR_VIEWER, RUNTIME_CLASS(CBaseFrameDoc),
+                                            RUNTIME_CLASS(CBaseFrameChildWnd), pViewClass);
+    AddDocTemplate(pTemplate);
+    return pTemplate;
+}
+
+std::vector<int> CViewerApp::ChooseFrames()
+{
+    return viewer::ChooseFrames(*m_pFrame, m_options, m_messages);
+}
+
+// What is shown when not everything is listed. None: something is wrong, which was told.
+std::vector<viewer::StyleChoice> CViewerApp::ChooseShown(const std::vector<int>& frames)
+{
+    std::vector<viewer::StyleChoice> choices = viewer::ChooseStyles(*m_pFrame, frames, m_options, m_messages);
+    if (choices.empty() && !m_options.strStyle && !m_options.strFrame)
+        m_messages.Error("there is no frame to show");
+    if (!choices.empty() && !m_options.bAll)
+        choices.erase(choices.begin() + 1, choices.end());
+    return choices;
 }
 
 // Records change when a frame is laid out, so each frame's own table comes before its styles are opened.
@@ -108,7 +176,8 @@ bool CViewerApp::PrintList(const std::vector<int>& frames)
         for (; itChoice != choices.end() && itChoice->nFrame == nFrame; ++itChoice) {
             std::fputs(viewer::ListStyle(*definition.m_arrStyle[itChoice->nStyle]).c_str(), stdout);
             const CBaseFrameDoc* pOpened = m_pFrame->OpenStyle(nFrame, itChoice->nStyle);
-            if (!pOpened || !pOpened->m_pView || !m_pFrame->FitView(*pOpened->m_pView, m_options.size)) {
+            if (!pOpened || !pOpened->m_pView ||
+                !m_pFrame->FitView(*pOpened->m_pView, m_options.size.value_or(viewer::kPictureSize))) {
                 m_messages.Failure("the frame can't be opened");
                 return false;
             }
@@ -120,14 +189,11 @@ bool CViewerApp::PrintList(const std::vector<int>& frames)
 
 bool CViewerApp::WritePictures(const std::vector<int>& frames)
 {
-    std::vector<viewer::StyleChoice> choices = viewer::ChooseStyles(*m_pFrame, frames, m_options, m_messages);
-    if (choices.empty()) {
-        if (!m_options.strStyle)
-            m_messages.Error("there is no frame to show");
+    const std::vector<viewer::StyleChoice> choices = ChooseShown(frames);
+    if (choices.empty())
         return false;
-    }
-    if (!m_options.bAll)
-        choices.erase(choices.begin() + 1, choices.end());
     const auto place = viewer::PreparePlace(m_options, m_messages);
-    return place && viewer::Pictures(*m_pFrame, m_messages, *place, m_options.size).Write(choices);
+    return place &&
+           viewer::Pictures(*m_pFrame, m_messages, *place, m_options.size.value_or(viewer::kPictureSize))
+               .Write(choices);
 }

@@ -6,10 +6,12 @@
 #include "document/BaseFrameDoc.h"
 #include "document/BaseFrameHelper.h"
 #include "document/BaseFrameView.h"
-#include "platform/display/Headless.h"
+#include "platform/display/Display.h"
 #include "platform/docview/MDIChildWnd.h"
 #include "platform/window/MessageLoop.h"
 
+#include <algorithm>
+#include <iterator>
 #include <vector>
 
 IMPLEMENT_DYNAMIC(CViewerFrame, CBaseFrameWnd)
@@ -20,23 +22,39 @@ CViewerFrame::~CViewerFrame() = default;
 void CViewerFrame::LoadLayout(CMultiDocTemplate* pTemplate, const CString& strText,
                               std::span<const GUID> classes)
 {
-    const std::vector<CRuntimeClass*> units(classes.size(), RUNTIME_CLASS(CPlaceholderUnit));
-    const std::vector<CRuntimeClass*> helpers(classes.size(), RUNTIME_CLASS(CBaseFrameHelper));
-    const int nCount = static_cast<int>(classes.size());
-    InitializeByDoc(pTemplate, strText, classes.data(), units.data(), nCount, classes.data(), helpers.data(),
+    // What an earlier layout registered is registered for good.
+    std::vector<GUID> fresh;
+    std::ranges::copy_if(classes, std::back_inserter(fresh),
+                         [](const GUID& guid) { return !CBaseFrameDoc::GetRCBaseUnit(guid); });
+    const std::vector<CRuntimeClass*> units(fresh.size(), RUNTIME_CLASS(CPlaceholderUnit));
+    const std::vector<CRuntimeClass*> helpers(fresh.size(), RUNTIME_CLASS(CBaseFrameHelper));
+    const int nCount = static_cast<int>(fresh.size());
+    InitializeByDoc(pTemplate, strText, fresh.data(), units.data(), nCount, fresh.data(), helpers.data(),
                     nCount);
-    AppendMenuBarPopup(m_hBaseFrameMenu, L"&Frames");
 }
 
 // Asked for directly, a frame opens whatever its command's number: the menu stops at 101 of them.
-CBaseFrameDoc* CViewerFrame::OpenStyle(int nFrame, int nStyle)
+void CViewerFrame::ShowStyle(int nFrame, int nStyle)
 {
-    CloseFrames();
     int nCommand = nStyle;
     for (int nBefore = 0; nBefore < nFrame; ++nBefore)
         nCommand += m_arrBaseFrameDoc[nBefore]->m_arrStyle.GetSize();
-    OnBaseFrameOpen(ID_FRAME_FIRST + static_cast<UINT>(nCommand));
+    OpenByCommand(ID_FRAME_FIRST + static_cast<UINT>(nCommand));
+}
 
+// A switch lays the panes out in all of the view, an opened frame leaves its edge free: here both look the
+// same.
+void CViewerFrame::OpenByCommand(UINT nID)
+{
+    OnBaseFrameOpen(nID);
+    if (CMDIChildWnd* pFront = MDIGetActive())
+        pFront->RecalcLayout();
+}
+
+CBaseFrameDoc* CViewerFrame::OpenStyle(int nFrame, int nStyle)
+{
+    CloseFrames();
+    ShowStyle(nFrame, nStyle);
     const CMDIChildWnd* pChild = MDIGetActive();
     const CView* pView = pChild ? pChild->GetActiveView() : nullptr;
     return pView ? DYNAMIC_DOWNCAST(CBaseFrameDoc, pView->GetDocument()) : nullptr;
@@ -62,8 +80,7 @@ bool CViewerFrame::FitView(const CBaseFrameView& view, CSize size)
         GetWindowRect(rcFrame);
         const int cx = rcFrame.Width() + size.cx - rcView.Width();
         const int cy = rcFrame.Height() + size.cy - rcView.Height();
-        if (splitframe::HeadlessDisplay* pDisplay = splitframe::CurrentHeadless())
-            pDisplay->Resize(cx, cy);
+        splitframe::CurrentDisplay().Resize(cx, cy);
         splitframe::DrainMessages();
         MoveWindow(0, 0, cx, cy);
         splitframe::DrainMessages();

@@ -18,14 +18,21 @@ public:
     CViewerFrame();
     ~CViewerFrame() override;
 
-    /// Loads a layout and puts its frames into the menu bar. Called once, after the window is created.
+    /// Loads a layout. Called after the window is created; before another time, ClearLayout.
     /// @param pTemplate  makes documents, child frames and views; not owned
     /// @param strText    the layout itself
     /// @param classes    every class GUID in it, of units and of helpers
     void LoadLayout(CMultiDocTemplate* pTemplate, const CString& strText, std::span<const GUID> classes);
 
-    /// Opens a frame in a style. Frames that are open are closed before, so that the panes are new and stand
-    /// where the style puts them. Positions count as in the layout.
+    /// Opens a frame in a style, or switches the frame to it and brings it to the front. Positions count as
+    /// in the layout.
+    void ShowStyle(int nFrame, int nStyle);
+
+    /// The same by a command of the frames menu.
+    void OpenByCommand(UINT nID);
+
+    /// The same with a new document. Frames that are open are closed before, so that the panes are new and
+    /// stand where the style puts them.
     /// @return the opened document, or null when the frame could not be made
     CBaseFrameDoc* OpenStyle(int nFrame, int nStyle);
 

@@ -1,0 +1,70 @@
+// Frames are found again by their names; of several with one name the first.
+#include "OpenFrames.h"
+
+#include "ViewerFrame.h"
+#include "definition/FrameStyle.h"
+#include "document/BaseFrameDoc.h"
+#include "frame/BaseFrameChildWnd.h"
+
+namespace viewer {
+namespace {
+
+int FindFrame(const CViewerFrame& main, const CString& strName)
+{
+    const auto& definitions = main.GetBaseFrameDocs();
+    for (int nFrame = 0; nFrame < definitions.GetSize(); ++nFrame)
+        if (definitions[nFrame]->m_strName == strName && !definitions[nFrame]->m_arrStyle.IsEmpty())
+            return nFrame;
+    return -1;
+}
+
+int FindStyle(const CBaseFrameDoc& definition, const CString& strName)
+{
+    for (int nStyle = 0; nStyle < definition.m_arrStyle.GetSize(); ++nStyle)
+        if (definition.m_arrStyle[nStyle]->m_strName == strName)
+            return nStyle;
+    return 0;
+}
+
+int FirstUsableFrame(const CViewerFrame& main)
+{
+    const auto& definitions = main.GetBaseFrameDocs();
+    for (int nFrame = 0; nFrame < definitions.GetSize(); ++nFrame)
+        if (!definitions[nFrame]->m_arrStyle.IsEmpty())
+            return nFrame;
+    return -1;
+}
+
+} // namespace
+
+std::vector<OpenFrame> ListOpenFrames(const CViewerFrame& main)
+{
+    std::vector<OpenFrame> frames;
+    for (CMDIChildWnd* pChild : main.GetChildFrames()) {
+        auto* pFrame = DYNAMIC_DOWNCAST(CBaseFrameChildWnd, pChild);
+        CBaseFrameDoc* pDocument = pFrame ? pFrame->GetFrameDoc() : nullptr;
+        if (pDocument)
+            frames.push_back({pDocument->m_strName, CString(pDocument->GetCurrentStyleName()),
+                              pChild == main.MDIGetActive()});
+    }
+    return frames;
+}
+
+void Reopen(CViewerFrame& main, const std::vector<OpenFrame>& frames)
+{
+    int nFront = -1;
+    for (const OpenFrame& frame : frames) {
+        const int nFrame = FindFrame(main, frame.strFrame);
+        if (nFrame < 0)
+            continue;
+        main.ShowStyle(nFrame, FindStyle(*main.GetBaseFrameDocs()[nFrame], frame.strStyle));
+        if (frame.bFront || nFront < 0)
+            nFront = nFrame;
+    }
+    if (nFront >= 0)
+        main.ShowStyle(nFront, main.GetBaseFrameDocs()[nFront]->m_nCurStyle);
+    else if (const int nFirst = FirstUsableFrame(main); nFirst >= 0)
+        main.ShowStyle(nFirst, 0);
+}
+
+} // namespace viewer
