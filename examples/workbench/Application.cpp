@@ -23,6 +23,7 @@ IMPLEMENT_DYNAMIC(CWorkbenchApp, CWinApp)
 CWorkbenchApp::CWorkbenchApp(StartOptions options)
     : CWinApp(L"Pilot Plant Workbench"), m_options(std::move(options)), m_record(m_feed)
 {
+    SetSettings(m_settings);
 }
 
 CWorkbenchApp::~CWorkbenchApp()
@@ -71,6 +72,12 @@ int CWorkbenchApp::ExitInstance()
 {
     m_feed.Stop();
     return CWinApp::ExitInstance();
+}
+
+void CWorkbenchApp::SetSettings(const Settings& settings)
+{
+    m_settings = settings;
+    ShowFahrenheit(settings.bFahrenheit);
 }
 
 CMainFrame* CWorkbenchApp::GetMainFrame() const

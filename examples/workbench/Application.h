@@ -37,7 +37,10 @@ public:
     CPlantRecord& GetRecord() { return m_record; }
     const CWorkTime& GetWorkTime() const { return m_workTime; }
     const Settings& GetSettings() const { return m_settings; }
-    void SetSettings(const Settings& settings) { m_settings = settings; }
+    void SetSettings(const Settings& settings);
+    /// While it is locked no split line can be dragged, in any frame.
+    bool IsLayoutLocked() const { return m_bLocked; }
+    void LockLayout(bool bLock) { m_bLocked = bLock; }
 
     CMainFrame* GetMainFrame() const;
     /// Writes into the journal, now.
@@ -47,6 +50,7 @@ private:
     StartOptions m_options;
     CWorkTime m_workTime;
     Settings m_settings;
+    bool m_bLocked = false;
     CPlantFeed m_feed;
     CPlantRecord m_record;
 };

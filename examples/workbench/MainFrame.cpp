@@ -3,12 +3,13 @@
 
 #include "Application.h"
 #include "Commands.h"
+#include "units/SettingsUnit.h"
 
+#include <document/BaseFrameDoc.h>
 #include <frame/BaseFrameChildWnd.h>
 #include <platform/docview/Accelerator.h>
 #include <platform/window/Menu.h>
 #include <platform/window/MessageLoop.h>
-#include <unit/BaseUnitWnd.h>
 
 #include <initializer_list>
 #include <iterator>
@@ -34,20 +35,32 @@ HMENU MakePopup(std::initializer_list<MenuLine> lines)
 IMPLEMENT_DYNAMIC(CMainFrame, CBaseFrameWnd)
 
 BEGIN_MESSAGE_MAP(CMainFrame, CBaseFrameWnd)
+ON_WM_CLOSE()
+ON_COMMAND_RANGE(CBaseFrameWnd::ID_FRAME_FIRST, CBaseFrameWnd::ID_FRAME_LAST, &CMainFrame::OnOpenStyle)
 ON_COMMAND(ID_FILE_CLOSE_FRAME, &CMainFrame::OnFileCloseFrame)
 ON_COMMAND(ID_FILE_EXIT, &CMainFrame::OnFileExit)
 ON_COMMAND(ID_VIEW_NEXT_FRAME, &CMainFrame::OnViewNextFrame)
 ON_COMMAND(ID_VIEW_PREVIOUS_FRAME, &CMainFrame::OnViewPreviousFrame)
 ON_COMMAND(ID_VIEW_GRID, &CMainFrame::OnViewGrid)
 ON_COMMAND(ID_VIEW_LIMITS, &CMainFrame::OnViewLimits)
+ON_COMMAND(ID_VIEW_LOCK, &CMainFrame::OnViewLock)
+ON_COMMAND(ID_VIEW_FAHRENHEIT, &CMainFrame::OnViewFahrenheit)
+ON_COMMAND(ID_VIEW_SETTINGS, &CMainFrame::OnViewSettings)
 ON_COMMAND(ID_PLANT_PAUSE, &CMainFrame::OnPlantPause)
 ON_COMMAND(ID_PLANT_ACKNOWLEDGE, &CMainFrame::OnPlantAcknowledge)
+ON_COMMAND(ID_HELP_KEYS, &CMainFrame::OnHelpKeys)
 ON_COMMAND(ID_HELP_ABOUT, &CMainFrame::OnHelpAbout)
+ON_UPDATE_COMMAND_UI_RANGE(CBaseFrameWnd::ID_FRAME_FIRST, CBaseFrameWnd::ID_FRAME_LAST,
+                           &CMainFrame::OnUpdateStyle)
 ON_UPDATE_COMMAND_UI_RANGE(ID_VIEW_NEXT_FRAME, ID_VIEW_PREVIOUS_FRAME, &CMainFrame::OnUpdateHasFrame)
 ON_UPDATE_COMMAND_UI(ID_FILE_CLOSE_FRAME, &CMainFrame::OnUpdateHasFrame)
 ON_UPDATE_COMMAND_UI(ID_VIEW_GRID, &CMainFrame::OnUpdateGrid)
 ON_UPDATE_COMMAND_UI(ID_VIEW_LIMITS, &CMainFrame::OnUpdateLimits)
+ON_UPDATE_COMMAND_UI(ID_VIEW_LOCK, &CMainFrame::OnUpdateLock)
+ON_UPDATE_COMMAND_UI(ID_VIEW_FAHRENHEIT, &CMainFrame::OnUpdateFahrenheit)
 ON_UPDATE_COMMAND_UI(ID_PLANT_PAUSE, &CMainFrame::OnUpdatePause)
+ON_UPDATE_COMMAND_UI(ID_PLANT_ACKNOWLEDGE, &CMainFrame::OnUpdateAcknowledge)
+ON_UPDATE_COMMAND_UI_RANGE(ID_PANE_NEIGHBOUR, ID_PANE_WATCH, &CMainFrame::OnUpdateNoPane)
 END_MESSAGE_MAP()
 
 CMainFrame::~CMainFrame()
@@ -65,14 +78,24 @@ void CMainFrame::BuildMenus()
     AppendMenuBarPopup(MakePopup({{ID_VIEW_NEXT_FRAME, L"&Next frame\tCtrl+PgDn"},
                                   {ID_VIEW_PREVIOUS_FRAME, L"&Previous frame\tCtrl+PgUp"},
                                   {0, nullptr},
+                                  {ID_PANE_NEIGHBOUR, TEXT_NEIGHBOUR},
+                                  {ID_PANE_SWAP, TEXT_SWAP},
+                                  {ID_VIEW_LOCK, L"&Lock split lines\tCtrl+L"},
+                                  {0, nullptr},
                                   {ID_VIEW_GRID, L"&Grid lines"},
-                                  {ID_VIEW_LIMITS, L"&Alarm limits"}}),
+                                  {ID_VIEW_LIMITS, L"&Alarm limits"},
+                                  {ID_VIEW_FAHRENHEIT, L"Temperatures in °&F\tF8"},
+                                  {0, nullptr},
+                                  {ID_VIEW_SETTINGS, L"&Edit settings\tCtrl+E"}}),
                        L"&View");
     AppendMenuBarPopup(m_hBaseFrameMenu, L"F&rames"); // built by the library from the layout definition
     AppendMenuBarPopup(MakePopup({{ID_PLANT_PAUSE, L"&Pause the feed\tF7"},
-                                  {ID_PLANT_ACKNOWLEDGE, L"&Acknowledge alarms\tF12"}}),
+                                  {ID_PLANT_ACKNOWLEDGE, L"&Acknowledge alarms\tF12"},
+                                  {ID_PANE_WATCH, L"&Watch in the banner\tCtrl+B"}}),
                        L"&Plant");
-    AppendMenuBarPopup(MakePopup({{ID_HELP_ABOUT, L"&About the workbench"}}), L"&Help");
+    AppendMenuBarPopup(
+        MakePopup({{ID_HELP_KEYS, L"&Keys and mouse\tF1"}, {ID_HELP_ABOUT, L"&About the workbench"}}),
+        L"&Help");
     BuildAccelerators();
 }
 
@@ -83,11 +106,46 @@ void CMainFrame::BuildAccelerators()
         {FVIRTKEY | FCONTROL, 'Q', ID_FILE_EXIT},
         {FVIRTKEY | FCONTROL, VK_NEXT, ID_VIEW_NEXT_FRAME},
         {FVIRTKEY | FCONTROL, VK_PRIOR, ID_VIEW_PREVIOUS_FRAME},
+        {FVIRTKEY | FCONTROL, 'L', ID_VIEW_LOCK},
+        {FVIRTKEY | FCONTROL, 'E', ID_VIEW_SETTINGS},
+        {FVIRTKEY | FCONTROL, 'B', ID_PANE_WATCH},
+        {FVIRTKEY, VK_F1, ID_HELP_KEYS},
         {FVIRTKEY, VK_F7, ID_PLANT_PAUSE},
+        {FVIRTKEY, VK_F8, ID_VIEW_FAHRENHEIT},
+        {FVIRTKEY, VK_F9, ID_PANE_NEIGHBOUR},
+        {FVIRTKEY, VK_F11, ID_PANE_SWAP},
         {FVIRTKEY, VK_F12, ID_PLANT_ACKNOWLEDGE},
     };
     m_hKeys = ::CreateAcceleratorTable(KEYS, static_cast<int>(std::size(KEYS)));
     SetAccelerators(m_hKeys);
+}
+
+CSettingsUnit* CMainFrame::GetForm()
+{
+    return dynamic_cast<CSettingsUnit*>(FindGlobalBaseUnitWnd(L"Settings"));
+}
+
+BOOL CMainFrame::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo)
+{
+    auto* pUnit = dynamic_cast<CBaseUnitWnd*>(GetFocus());
+    return (pUnit && pUnit->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo)) ||
+           CBaseFrameWnd::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
+}
+
+void CMainFrame::OnOpenStyle(UINT nID)
+{
+    OnBaseFrameOpen(nID);
+    if (CMDIChildWnd* pFrame = MDIGetActive())
+        pFrame->RecalcLayout(TRUE);
+}
+
+/// Asked here and not only by the helper of the frame that has the form: then no frame has been closed yet
+/// when the user decides to stay, and the form may also stand in none.
+void CMainFrame::OnClose()
+{
+    CSettingsUnit* pForm = GetForm();
+    if (!pForm || pForm->AskBeforeLeaving())
+        CBaseFrameWnd::OnClose();
 }
 
 void CMainFrame::OnFileCloseFrame()
@@ -113,24 +171,47 @@ void CMainFrame::OnViewPreviousFrame()
 
 void CMainFrame::OnViewGrid()
 {
-    const Settings& settings = CWorkbenchApp::Get().GetSettings();
-    ApplySettings(!settings.bGrid, settings.bLimits);
+    Toggle(&Settings::bGrid);
 }
 
 void CMainFrame::OnViewLimits()
 {
-    const Settings& settings = CWorkbenchApp::Get().GetSettings();
-    ApplySettings(settings.bGrid, !settings.bLimits);
+    Toggle(&Settings::bLimits);
 }
 
-void CMainFrame::ApplySettings(bool bGrid, bool bLimits)
+void CMainFrame::OnViewFahrenheit()
+{
+    Toggle(&Settings::bFahrenheit);
+}
+
+void CMainFrame::Toggle(bool Settings::*pFlag)
 {
     Settings settings = CWorkbenchApp::Get().GetSettings();
-    settings.bGrid = bGrid;
-    settings.bLimits = bLimits;
+    settings.*pFlag = !(settings.*pFlag);
     CWorkbenchApp::Get().SetSettings(settings);
-    // To the units of the frame in front and to the global units; other frames paint anew when they come up.
+    // To the units of the frame in front and to the global units; others catch up when they come to the
+    // front.
     CBaseUnitWnd::BroadcastCommand(UNIT_CMD_SETTINGS_CHANGED, 0);
+}
+
+/// The helper of the frame in front fixes its lines before the layout; the others do when they come up.
+void CMainFrame::OnViewLock()
+{
+    CWorkbenchApp& app = CWorkbenchApp::Get();
+    app.LockLayout(!app.IsLayoutLocked());
+    if (CMDIChildWnd* pFrame = MDIGetActive())
+        pFrame->RecalcLayout(TRUE);
+    CBaseUnitWnd::BroadcastCommand(UNIT_CMD_SETTINGS_CHANGED, 0);
+}
+
+/// The form in the frame in front, else the frame that is made for it.
+void CMainFrame::OnViewSettings()
+{
+    const CSettingsUnit* pThere = GetForm();
+    if (!pThere || !pThere->IsInSight() || pThere->GetParentFrame() != MDIGetActive())
+        OnBaseFrameOpen(L"Setup");
+    if (CSettingsUnit* pForm = GetForm())
+        pForm->SetFocus();
 }
 
 void CMainFrame::OnPlantPause()
@@ -149,9 +230,43 @@ void CMainFrame::OnPlantAcknowledge()
         pFrame->ProcessHelperMessage(HELPER_MSG_ACKNOWLEDGE, 0, 0);
 }
 
+void CMainFrame::OnHelpKeys()
+{
+    ::AfxMessageBox(L"Drag the lines between panes to divide the frame. A button in a caption hides a "
+                    L"neighbour, a double click on a chart shows the samples as a table, a right click opens "
+                    L"a menu, the wheel scrolls and changes the time span of charts.\n\n"
+                    L"Tab\u2003next pane\nCtrl+Tab\u2003next frame\nCtrl+F4\u2003close the frame\n"
+                    L"F9\u2003hide or show the neighbour\nF11\u2003chart or table\n"
+                    L"Alt or F10\u2003the menus");
+}
+
 void CMainFrame::OnHelpAbout()
 {
     ::AfxMessageBox(L"Pilot Plant Workbench\n\nA sample host of Splitframe. The plant is made up.");
+}
+
+/// A check mark at the style that is in front.
+void CMainFrame::OnUpdateStyle(CCmdUI* pCmdUI)
+{
+    const auto* pDoc = dynamic_cast<const CBaseFrameDoc*>(GetActiveDocument());
+    UINT nID = ID_FRAME_FIRST;
+    for (const CBaseFrameDoc* pDefinition : m_arrBaseFrameDoc) {
+        if (pDoc && pDefinition->m_strName == pDoc->m_strName)
+            return pCmdUI->SetCheck(pCmdUI->m_nID == nID + static_cast<UINT>(pDoc->m_nCurStyle));
+        nID += static_cast<UINT>(pDefinition->m_arrStyle.GetSize());
+    }
+    pCmdUI->SetCheck(0);
+}
+
+/// What no pane with the keyboard answers for.
+void CMainFrame::OnUpdateNoPane(CCmdUI* pCmdUI)
+{
+    pCmdUI->Enable(FALSE);
+    pCmdUI->SetCheck(0);
+    if (pCmdUI->m_nID == ID_PANE_NEIGHBOUR)
+        pCmdUI->SetText(TEXT_NEIGHBOUR);
+    else if (pCmdUI->m_nID == ID_PANE_SWAP)
+        pCmdUI->SetText(TEXT_SWAP);
 }
 
 void CMainFrame::OnUpdateHasFrame(CCmdUI* pCmdUI)
@@ -167,6 +282,21 @@ void CMainFrame::OnUpdateGrid(CCmdUI* pCmdUI)
 void CMainFrame::OnUpdateLimits(CCmdUI* pCmdUI)
 {
     pCmdUI->SetCheck(CWorkbenchApp::Get().GetSettings().bLimits ? 1 : 0);
+}
+
+void CMainFrame::OnUpdateLock(CCmdUI* pCmdUI)
+{
+    pCmdUI->SetCheck(CWorkbenchApp::Get().IsLayoutLocked() ? 1 : 0);
+}
+
+void CMainFrame::OnUpdateFahrenheit(CCmdUI* pCmdUI)
+{
+    pCmdUI->SetCheck(CWorkbenchApp::Get().GetSettings().bFahrenheit ? 1 : 0);
+}
+
+void CMainFrame::OnUpdateAcknowledge(CCmdUI* pCmdUI)
+{
+    pCmdUI->Enable(MDIGetActive() && CWorkbenchApp::Get().GetRecord().GetJournal().CountUnacknowledged() > 0);
 }
 
 void CMainFrame::OnUpdatePause(CCmdUI* pCmdUI)

@@ -27,6 +27,14 @@ CString CParameters::GetText(const wchar_t* pszKey) const
     return {};
 }
 
+std::pair<CString, CString> CParameters::GetPair(const wchar_t* pszKey) const
+{
+    const CString strValue = GetText(pszKey);
+    int nFrom = 0;
+    const CString strFirst = NextPiece(strValue, L',', nFrom);
+    return {strFirst, strValue.Mid(nFrom).Trim()};
+}
+
 bool CParameters::IsSet(const wchar_t* pszKey) const
 {
     return GetText(pszKey) == L"1";

@@ -1,5 +1,4 @@
-// Going through all frames and styles. A style is shown by opening its frame with it; as long as that is so,
-// the frames are closed and opened again for each picture, which also puts their tabs into the same order.
+// Going through all frames and styles, the way that a user does: by the commands of the frames menu.
 #include "Pictures.h"
 
 #include "MainFrame.h"
@@ -7,7 +6,6 @@
 #include <definition/FrameStyle.h>
 #include <document/BaseFrameDoc.h>
 #include <platform/display/Headless.h>
-#include <platform/docview/MDIChildWnd.h>
 #include <platform/window/MessageLoop.h>
 
 #include <iostream>
@@ -29,12 +27,6 @@ std::string FileNamePart(const CString& strName)
     return part;
 }
 
-void CloseAllFrames(CMainFrame& frame)
-{
-    for (CMDIChildWnd* pChild : frame.GetChildFrames())
-        pChild->SendMessage(WM_CLOSE);
-}
-
 /// The menu command of a style: they are numbered through all frames.
 UINT CommandOf(CMainFrame& frame, int nFrame, int nStyle)
 {
@@ -44,13 +36,11 @@ UINT CommandOf(CMainFrame& frame, int nFrame, int nStyle)
     return nID + static_cast<UINT>(nStyle);
 }
 
-void ShowStyle(CMainFrame& frame, int nFrame, int nStyle)
+/// All frames are open in their first style, so that the tabs stand in the order of the layout definition.
+void OpenAllFrames(CMainFrame& frame)
 {
-    CloseAllFrames(frame);
     for (int n = 0; n < frame.GetBaseFrameDocs().GetSize(); ++n)
-        frame.OnBaseFrameOpen(CommandOf(frame, n, n == nFrame ? nStyle : 0));
-    frame.OnBaseFrameOpen(CommandOf(frame, nFrame, nStyle));
-    splitframe::DrainMessages();
+        frame.OnOpenStyle(CommandOf(frame, n, 0));
 }
 
 } // namespace
@@ -65,11 +55,13 @@ std::string WritePictures(CMainFrame& frame, const std::filesystem::path& direct
     if (!pDisplay)
         return "pictures are taken of the headless display only";
 
+    OpenAllFrames(frame);
     for (int nFrame = 0; nFrame < frame.GetBaseFrameDocs().GetSize(); ++nFrame) {
         const CBaseFrameDoc& doc = *frame.GetBaseFrameDocs()[nFrame];
         for (int nStyle = 0; nStyle < doc.m_arrStyle.GetSize(); ++nStyle) {
             const CString& strStyle = doc.m_arrStyle[nStyle]->m_strName;
-            ShowStyle(frame, nFrame, nStyle);
+            frame.OnOpenStyle(CommandOf(frame, nFrame, nStyle));
+            splitframe::DrainMessages();
             const std::filesystem::path file =
                 directory / (FileNamePart(doc.m_strName) + "-" + FileNamePart(strStyle) + ".png");
             const std::string reason = pDisplay->WritePng(file);

@@ -24,6 +24,7 @@ struct Settings
     bool bGrid = true;
     bool bLimits = true;
     bool bFill = true;
+    bool bFahrenheit = false;
 
     double GetTimeSpan() const { return TIME_SPANS[static_cast<std::size_t>(nTimeSpan)].dSeconds; }
     bool operator==(const Settings&) const = default;

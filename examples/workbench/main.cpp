@@ -17,19 +17,25 @@
 
 namespace {
 
-constexpr const char* USAGE = "usage: workbench [--layout FILE] [--size WxH] --png DIR\n"
-                              "\n"
-                              "  --png DIR      save a picture of every frame and style in DIR\n"
-                              "  --size WxH     size of the main window in pixels (1280x800)\n"
-                              "  --layout FILE  layout definition (workbench.xml beside the program)\n"
-                              "  --help         this text\n";
+constexpr const char* USAGE =
+    "usage: workbench [--layout FILE] [--size WxH] [--scale N] [--still] [--png DIR]\n"
+    "\n"
+    "Opens the workbench in a window.\n"
+    "\n"
+    "  --png DIR      save a picture of every frame and style in DIR instead\n"
+    "  --size WxH     size of the main window in pixels (1280x800)\n"
+    "  --scale N      draw each pixel as N by N of the screen's, 0.25 to 8 (1)\n"
+    "  --still        the plant stands still: five minutes of samples and no more\n"
+    "  --layout FILE  layout definition (workbench.xml beside the program)\n"
+    "  --help         this text\n";
 constexpr int WRONG_USAGE = 2;
 
 struct CommandLine
 {
     StartOptions start;
     std::optional<std::filesystem::path> pictures;
-    SIZE size = {splitframe::HeadlessDisplay::DEFAULT_WIDTH, splitframe::HeadlessDisplay::DEFAULT_HEIGHT};
+    std::optional<SIZE> size;
+    double dScale = 1.0;
     bool bHelp = false;
 };
 
@@ -45,13 +51,21 @@ bool ReadSize(std::string_view text, SIZE& size)
            size.cy >= 1 && size.cy <= 8192;
 }
 
+bool ReadScale(std::string_view text, double& dScale)
+{
+    const char* pEnd = text.data() + text.size();
+    const auto [pStop, error] = std::from_chars(text.data(), pEnd, dScale);
+    return error == std::errc() && pStop == pEnd && dScale >= splitframe::Surface::MIN_SCALE &&
+           dScale <= splitframe::Surface::MAX_SCALE;
+}
+
 /// @return false for an option that is unknown or lacks its value
 bool ReadCommandLine(int nArgs, char** ppArg, CommandLine& line)
 {
     for (int n = 1; n < nArgs; ++n) {
         const std::string_view option = ppArg[n];
-        if (option == "--help") {
-            line.bHelp = true;
+        if (option == "--help" || option == "--still") {
+            (option == "--help" ? line.bHelp : line.start.bRepeatable) = true;
             continue;
         }
         if (n + 1 == nArgs)
@@ -61,7 +75,11 @@ bool ReadCommandLine(int nArgs, char** ppArg, CommandLine& line)
             line.pictures = pszValue;
         else if (option == "--layout")
             line.start.strLayout = pszValue;
-        else if (option != "--size" || !ReadSize(pszValue, line.size))
+        else if (option == "--size" && ReadSize(pszValue, line.size.emplace()))
+            continue;
+        else if (option == "--scale" && ReadScale(pszValue, line.dScale))
+            ::setenv("SPLITFRAME_SCALE", pszValue, 1); // where the display looks for it
+        else
             return false;
     }
     return true;
@@ -75,9 +93,11 @@ std::string LayoutBesideProgram()
 }
 
 /// Pictures are the same on every run: a display of the wanted size whose clock stands still.
-void OpenPictureDisplay(SIZE size)
+void OpenPictureDisplay(const CommandLine& line)
 {
-    auto pDisplay = std::make_unique<splitframe::HeadlessDisplay>(size.cx, size.cy);
+    const SIZE size =
+        line.size.value_or(SIZE{splitframe::Display::DEFAULT_WIDTH, splitframe::Display::DEFAULT_HEIGHT});
+    auto pDisplay = std::make_unique<splitframe::HeadlessDisplay>(size.cx, size.cy, line.dScale);
     pDisplay->SetClock(0);
     splitframe::SetDisplay(std::move(pDisplay));
 }
@@ -96,25 +116,55 @@ std::string WhyNotStarted(const CWorkbenchApp& app, const std::string& layout)
     return layout + ": " + (result.bOpened ? result.strError.ToUtf8() : "cannot be read");
 }
 
+/// @return empty, or why the program can not go on; then the main window is gone
+std::string Start(CWorkbenchApp& app, const std::string& layout)
+{
+    if (app.InitInstance())
+        return {};
+    std::string reason = WhyNotStarted(app, layout);
+    if (app.m_pMainWnd)
+        app.m_pMainWnd->DestroyWindow();
+    return reason;
+}
+
 int TakePictures(CommandLine& line)
 {
     const char* pszDisplay = std::getenv("SPLITFRAME_DISPLAY");
     if (pszDisplay && std::strcmp(pszDisplay, "headless") != 0)
         return Fail("pictures are taken of the headless display; unset SPLITFRAME_DISPLAY");
-    OpenPictureDisplay(line.size);
+    OpenPictureDisplay(line);
     line.start.bRepeatable = true;
     CWorkbenchApp app(line.start);
-    if (!app.InitInstance()) {
-        const std::string reason = WhyNotStarted(app, line.start.strLayout);
-        if (app.m_pMainWnd)
-            app.m_pMainWnd->DestroyWindow();
+    std::string reason = Start(app, line.start.strLayout);
+    if (!reason.empty())
         return Fail(reason);
-    }
     app.GetFeed().WaitForBacklog();
-    const std::string reason = WritePictures(*app.GetMainFrame(), *line.pictures);
+    reason = WritePictures(*app.GetMainFrame(), *line.pictures);
     app.GetMainFrame()->SendMessage(WM_CLOSE);
     app.ExitInstance();
     return reason.empty() ? 0 : Fail(reason);
+}
+
+int RunInWindow(const CommandLine& line)
+{
+    const CString strReason = splitframe::OpenDisplay();
+    if (!strReason.IsEmpty())
+        return Fail(strReason.ToUtf8());
+    if (splitframe::CurrentHeadless()) {
+        std::cerr << "workbench: there is no screen to show a window on; --png DIR saves pictures\n\n"
+                  << USAGE;
+        return WRONG_USAGE;
+    }
+    if (line.size)
+        splitframe::CurrentDisplay().Resize(line.size->cx, line.size->cy);
+    CWorkbenchApp app(line.start);
+    const std::string reason = Start(app, line.start.strLayout);
+    if (!reason.empty())
+        return Fail(reason);
+    if (line.start.bRepeatable)
+        app.GetFeed().WaitForBacklog();
+    app.GetMainFrame()->OnBaseFrameOpen(CBaseFrameWnd::ID_FRAME_FIRST);
+    return app.Run();
 }
 
 } // namespace
@@ -131,11 +181,5 @@ int main(int nArgs, char** ppArg)
         std::cout << USAGE;
         return 0;
     }
-    if (!line.pictures) {
-        // A window on a screen comes with the display that shows one.
-        std::cerr << "workbench: there is no screen to show a window on; --png DIR saves pictures\n\n"
-                  << USAGE;
-        return WRONG_USAGE;
-    }
-    return TakePictures(line);
+    return line.pictures ? TakePictures(line) : RunInWindow(line);
 }

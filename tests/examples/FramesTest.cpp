@@ -42,6 +42,10 @@ protected:
                 ADD_FAILURE() << "no unit " << pInfo->m_strName.ToUtf8();
                 continue;
             }
+            if (pUnit->CSplitLine::m_strName == L"History") { // waits to be swapped in
+                EXPECT_FALSE(pUnit->IsWindowVisible());
+                continue;
+            }
             CRect rc;
             pUnit->GetWindowRect(rc);
             ActiveDoc()->m_pView->ScreenToClient(rc);

@@ -1,8 +1,10 @@
 // Start and end of the workbench in a test.
 #include "Workbench.h"
 
+#include "platform/window/Menu.h"
 #include "platform/window/MessageLoop.h"
 
+#include <functional>
 #include <set>
 
 WorkbenchTest::WorkbenchTest()
@@ -53,10 +55,43 @@ CBaseUnitWnd* WorkbenchTest::FindUnit(const wchar_t* pszName)
     return pUnit ? pUnit : Frame().FindGlobalBaseUnitWnd(pszName);
 }
 
-void WorkbenchTest::Click(CWnd& wnd, CPoint pt)
+void WorkbenchTest::Click(CWnd& wnd, CPoint pt, UINT nButton)
 {
     wnd.ClientToScreen(&pt);
-    Display().Click(pt.x, pt.y);
+    Display().Click(pt.x, pt.y, nButton);
+    splitframe::DrainMessages();
+}
+
+void WorkbenchTest::DoubleClick(CWnd& wnd, CPoint pt)
+{
+    Display().AdvanceClock(10'000); // no click before belongs to it
+    Click(wnd, pt);
+    Click(wnd, pt);
+}
+
+void WorkbenchTest::Drag(CWnd& wnd, CPoint ptFrom, CPoint ptTo)
+{
+    wnd.ClientToScreen(&ptFrom);
+    wnd.ClientToScreen(&ptTo);
+    Display().MoveMouse(ptFrom.x, ptFrom.y);
+    splitframe::DrainMessages();
+    Display().PressButton(VK_LBUTTON);
+    Display().MoveMouse(ptTo.x, ptTo.y);
+    Display().ReleaseButton(VK_LBUTTON);
+    splitframe::DrainMessages();
+}
+
+void WorkbenchTest::Press(UINT nModifier, UINT nKey)
+{
+    Display().PressKey(nModifier);
+    Press(nKey);
+    Display().ReleaseKey(nModifier);
+    splitframe::DrainMessages();
+}
+
+void WorkbenchTest::Type(const wchar_t* pszText)
+{
+    Display().TypeText(pszText);
     splitframe::DrainMessages();
 }
 
@@ -80,6 +115,26 @@ void WorkbenchTest::Command(UINT nID)
 {
     Frame().SendMessage(WM_COMMAND, nID);
     splitframe::DrainMessages();
+}
+
+UINT WorkbenchTest::MenuState(UINT nID)
+{
+    const std::function<void(HMENU)> ask = [&](HMENU hMenu) {
+        if (!hMenu)
+            return;
+        Frame().SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(hMenu));
+        for (int n = 0; n < ::GetMenuItemCount(hMenu); ++n)
+            ask(::GetSubMenu(hMenu, n));
+    };
+    ask(Frame().GetMenuBar());
+    return ::GetMenuState(Frame().GetMenuBar(), nID, MF_BYCOMMAND);
+}
+
+CRect WorkbenchTest::Place(const CWnd& wnd)
+{
+    CRect rc;
+    wnd.GetWindowRect(rc);
+    return rc;
 }
 
 COLORREF WorkbenchTest::Pixel(const CWnd& wnd, CPoint pt)

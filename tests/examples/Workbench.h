@@ -39,10 +39,20 @@ protected:
     }
     CBaseUnitWnd* FindUnit(const wchar_t* pszName);
 
-    void Click(CWnd& wnd, CPoint pt);
+    void Click(CWnd& wnd, CPoint pt, UINT nButton = VK_LBUTTON);
+    void DoubleClick(CWnd& wnd, CPoint pt);
+    /// With the left button held, from one point of the window to another.
+    void Drag(CWnd& wnd, CPoint ptFrom, CPoint ptTo);
     void Press(UINT nKey);
+    /// With another key held.
+    void Press(UINT nModifier, UINT nKey);
+    void Type(const wchar_t* pszText);
     void Wheel(CWnd& wnd, int nNotches);
     void Command(UINT nID);
+    /// What the menu shows for a command, once it has been asked how it looks.
+    UINT MenuState(UINT nID);
+    /// Where a unit stands, screen coordinates.
+    static CRect Place(const CWnd& wnd);
     /// A pixel of the screen at a point of the window.
     COLORREF Pixel(const CWnd& wnd, CPoint pt);
     /// Whether anything but one colour is to be seen in the window.

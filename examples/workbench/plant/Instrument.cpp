@@ -29,6 +29,13 @@ constexpr Instrument INSTRUMENTS[] = {
 };
 static_assert(std::size(INSTRUMENTS) == INSTRUMENT_COUNT);
 
+bool g_bFahrenheit = false;
+
+bool IsShownInFahrenheit(const Instrument& instrument)
+{
+    return g_bFahrenheit && CString(instrument.pszUnit) == L"°C";
+}
+
 } // namespace
 
 const Instrument& GetInstrument(int nInstrument)
@@ -45,17 +52,33 @@ int FindInstrument(const CString& strTag)
     return -1;
 }
 
+void ShowFahrenheit(bool bOn)
+{
+    g_bFahrenheit = bOn;
+}
+
+double ShownValue(const Instrument& instrument, double dValue)
+{
+    return IsShownInFahrenheit(instrument) ? dValue * 1.8 + 32.0 : dValue;
+}
+
+const wchar_t* ShownUnit(const Instrument& instrument)
+{
+    return IsShownInFahrenheit(instrument) ? L"°F" : instrument.pszUnit;
+}
+
 CString FormatValue(const Instrument& instrument, double dValue)
 {
     static constexpr const wchar_t* FORMATS[] = {L"%.0f", L"%.1f", L"%.2f"};
     CString str;
-    str.Format(FORMATS[static_cast<std::size_t>(std::clamp(instrument.nDecimals, 0, 2))], dValue);
+    str.Format(FORMATS[static_cast<std::size_t>(std::clamp(instrument.nDecimals, 0, 2))],
+               ShownValue(instrument, dValue));
     return str;
 }
 
 CString FormatValueAndUnit(const Instrument& instrument, double dValue)
 {
-    return FormatValue(instrument, dValue) + L" " + instrument.pszUnit;
+    return FormatValue(instrument, dValue) + L" " + ShownUnit(instrument);
 }
 
 AlarmState NextAlarmState(const Instrument& instrument, AlarmState state, double dValue)

@@ -37,7 +37,15 @@ const Instrument& GetInstrument(int nInstrument);
 /// The position of the instrument with that tag, case ignored, or -1.
 int FindInstrument(const CString& strTag);
 
-/// A value with the instrument's number of digits, without or with its unit of measure.
+/// Temperatures are measured in degrees Celsius; the user may read them in Fahrenheit. One choice for the
+/// whole process, because every value on the screen follows it.
+void ShowFahrenheit(bool bOn);
+
+/// A measured value, and the unit of measure, as they are shown.
+double ShownValue(const Instrument& instrument, double dValue);
+const wchar_t* ShownUnit(const Instrument& instrument);
+
+/// A measured value as it is shown, with the instrument's number of digits, without or with its unit.
 CString FormatValue(const Instrument& instrument, double dValue);
 CString FormatValueAndUnit(const Instrument& instrument, double dValue);
 

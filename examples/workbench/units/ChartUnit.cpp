@@ -3,6 +3,9 @@
 
 #include "Application.h"
 #include "ClassTables.h"
+#include "Commands.h"
+
+#include <platform/window/Menu.h>
 
 #include <algorithm>
 #include <cmath>
@@ -21,6 +24,8 @@ IMPLEMENT_DYNCREATE(CChartUnit, CPaneUnit)
 BEGIN_MESSAGE_MAP(CChartUnit, CPaneUnit)
 ON_WM_KEYDOWN()
 ON_WM_MOUSEWHEEL()
+ON_COMMAND_RANGE(ID_CHART_SPAN_FIRST, ID_CHART_SPAN_LAST, &CChartUnit::OnTimeSpan)
+ON_UPDATE_COMMAND_UI_RANGE(ID_CHART_SPAN_FIRST, ID_CHART_SPAN_LAST, &CChartUnit::OnUpdateTimeSpan)
 END_MESSAGE_MAP()
 
 GUID CChartUnit::GetGUID()
@@ -46,8 +51,8 @@ CString CChartUnit::GetCaption() const
 
 CString CChartUnit::GetCaptionNote() const
 {
-    const int nTimeSpan = m_nTimeSpan < 0 ? App().GetSettings().nTimeSpan : m_nTimeSpan;
-    const CString strSpan = CString(L"last ") + TIME_SPANS[static_cast<std::size_t>(nTimeSpan)].pszName;
+    const CString strSpan =
+        CString(L"last ") + TIME_SPANS[static_cast<std::size_t>(GetTimeSpanIndex())].pszName;
     return ComparesUnits() ? L"percent of each range, " + strSpan : strSpan;
 }
 
@@ -59,10 +64,14 @@ bool CChartUnit::ComparesUnits() const
                        [&strUnit](int n) { return !(strUnit == GetInstrument(n).pszUnit); });
 }
 
+int CChartUnit::GetTimeSpanIndex() const
+{
+    return m_nTimeSpan < 0 ? App().GetSettings().nTimeSpan : m_nTimeSpan;
+}
+
 double CChartUnit::GetTimeSpan() const
 {
-    return m_nTimeSpan < 0 ? App().GetSettings().GetTimeSpan()
-                           : TIME_SPANS[static_cast<std::size_t>(m_nTimeSpan)].dSeconds;
+    return TIME_SPANS[static_cast<std::size_t>(GetTimeSpanIndex())].dSeconds;
 }
 
 void CChartUnit::OnShowInstrument(int nInstrument)
@@ -82,11 +91,28 @@ void CChartUnit::OnSettingsChanged()
     Invalidate(FALSE);
 }
 
-void CChartUnit::StepTimeSpan(int nSteps)
+void CChartUnit::SetTimeSpan(int nTimeSpan)
 {
-    const int nNow = m_nTimeSpan < 0 ? App().GetSettings().nTimeSpan : m_nTimeSpan;
-    m_nTimeSpan = std::clamp(nNow + nSteps, 0, static_cast<int>(TIME_SPANS.size()) - 1);
+    m_nTimeSpan = std::clamp(nTimeSpan, 0, static_cast<int>(TIME_SPANS.size()) - 1);
     Invalidate(FALSE);
+}
+
+void CChartUnit::FillMenu(CMenu& menu)
+{
+    UINT nID = ID_CHART_SPAN_FIRST;
+    for (const TimeSpan& span : TIME_SPANS)
+        menu.AppendMenu(MF_STRING, nID++, CString(L"Last &") + span.pszName);
+}
+
+void CChartUnit::OnTimeSpan(UINT nID)
+{
+    SetTimeSpan(static_cast<int>(nID - ID_CHART_SPAN_FIRST));
+}
+
+void CChartUnit::OnUpdateTimeSpan(CCmdUI* pCmdUI)
+{
+    pCmdUI->Enable();
+    pCmdUI->SetCheck(static_cast<int>(pCmdUI->m_nID - ID_CHART_SPAN_FIRST) == GetTimeSpanIndex());
 }
 
 bool CChartUnit::IsKeyFilted(UINT nChar)
@@ -97,7 +123,7 @@ bool CChartUnit::IsKeyFilted(UINT nChar)
 void CChartUnit::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 {
     if (nChar == VK_UP || nChar == VK_DOWN)
-        StepTimeSpan(nChar == VK_UP ? -1 : 1);
+        SetTimeSpan(GetTimeSpanIndex() + (nChar == VK_UP ? -1 : 1));
     else
         CPaneUnit::OnKeyDown(nChar, nRepCnt, nFlags);
 }
@@ -109,7 +135,7 @@ BOOL CChartUnit::OnMouseWheel(UINT, short zDelta, CPoint pt)
 
 BOOL CChartUnit::ProcessMouseWheel(short zDelta, CPoint)
 {
-    StepTimeSpan(zDelta > 0 ? -1 : 1);
+    SetTimeSpan(GetTimeSpanIndex() + (zDelta > 0 ? -1 : 1));
     return TRUE;
 }
 
@@ -165,10 +191,12 @@ void CChartUnit::ChooseValueRange(Plot& plot) const
         return;
     double dLow = NO_LIMIT_HIGH, dHigh = NO_LIMIT_LOW, dRange = 0.0;
     for (const int n : m_arrInstrument) {
+        const Instrument& instrument = GetInstrument(n);
         const Statistics statistics = App().GetRecord().GetStatistics(n, GetTimeSpan());
-        dLow = std::min(dLow, statistics.dMin);
-        dHigh = std::max(dHigh, statistics.dMax);
-        dRange = std::max(dRange, GetInstrument(n).dHigh - GetInstrument(n).dLow);
+        dLow = std::min(dLow, ShownValue(instrument, statistics.dMin));
+        dHigh = std::max(dHigh, ShownValue(instrument, statistics.dMax));
+        dRange = std::max(dRange,
+                          ShownValue(instrument, instrument.dHigh) - ShownValue(instrument, instrument.dLow));
     }
     const double dMargin = std::max((dHigh - dLow) * 0.15, dRange * 0.02);
     plot.value.dLow = dLow - dMargin;
@@ -178,7 +206,8 @@ void CChartUnit::ChooseValueRange(Plot& plot) const
 double CChartUnit::PlottedValue(const Plot& plot, int nInstrument, double dValue) const
 {
     const Instrument& instrument = GetInstrument(nInstrument);
-    return plot.bPercent ? 100.0 * (dValue - instrument.dLow) / (instrument.dHigh - instrument.dLow) : dValue;
+    return plot.bPercent ? 100.0 * (dValue - instrument.dLow) / (instrument.dHigh - instrument.dLow)
+                         : ShownValue(instrument, dValue);
 }
 
 void CChartUnit::DrawValueAxis(CDC& dc, const CRect& rc, const Plot& plot) const
@@ -196,7 +225,7 @@ void CChartUnit::DrawValueAxis(CDC& dc, const CRect& rc, const Plot& plot) const
     }
     dc.FillSolidRect(plot.rc.left, plot.rc.top, 1, plot.rc.Height(), theme::LINE);
     dc.FillSolidRect(plot.rc.left, plot.rc.bottom - 1, plot.rc.Width(), 1, theme::LINE);
-    const CString strUnit = plot.bPercent ? L"%" : GetInstrument(m_arrInstrument.front()).pszUnit;
+    const CString strUnit = plot.bPercent ? L"%" : ShownUnit(GetInstrument(m_arrInstrument.front()));
     const CRect rcUnit(rc.left, rc.top + 4, plot.rc.left - 6, plot.rc.top - 4);
     theme::DrawLine(dc, strUnit, rcUnit, theme::Font::Small, theme::MUTED, DT_RIGHT);
 }
@@ -224,9 +253,10 @@ void CChartUnit::DrawLimits(CDC& dc, const Plot& plot) const
     const Instrument& instrument = GetInstrument(m_arrInstrument.front());
     const theme::CPenScope pen(dc, theme::ALARM, 1, PS_DASH);
     for (const double dLimit : {instrument.dAlarmLow, instrument.dAlarmHigh}) {
-        if (dLimit < plot.value.dLow || dLimit > plot.value.dHigh)
+        const double dShown = ShownValue(instrument, dLimit);
+        if (dShown < plot.value.dLow || dShown > plot.value.dHigh)
             continue;
-        const int y = plot.value.ToPixel(dLimit);
+        const int y = plot.value.ToPixel(dShown);
         dc.MoveTo(plot.rc.left, y);
         dc.LineTo(plot.rc.right, y);
         const CRect rcLabel(plot.rc.left + 8, y - LABEL_HEIGHT - 1, plot.rc.right, y - 1);

@@ -30,9 +30,13 @@ protected:
     void OnParameters() override;
     void OnShowInstrument(int nInstrument) override;
     void OnSettingsChanged() override;
+    void FillMenu(CMenu& menu) override;
+    int GetSelectedInstrument() const override { return m_arrInstrument.front(); }
 
     void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
     BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint pt);
+    void OnTimeSpan(UINT nID);
+    void OnUpdateTimeSpan(CCmdUI* pCmdUI);
 
     DECLARE_MESSAGE_MAP()
 
@@ -58,9 +62,10 @@ private:
     void DrawFill(CDC& dc, const Plot& plot) const;
     void DrawTrace(CDC& dc, const Plot& plot, int nTrace) const;
     void DrawLegend(CDC& dc, const CRect& rc) const;
-    void StepTimeSpan(int nSteps);
+    int GetTimeSpanIndex() const;
+    void SetTimeSpan(int nTimeSpan);
 
-    std::vector<int> m_arrInstrument;
+    std::vector<int> m_arrInstrument; // one at least, once there are parameters
     bool m_bFollow = false;
     int m_nTimeSpan = -1; // position in TIME_SPANS; -1: that of the settings
     int m_nLastSetting = 0;

@@ -66,7 +66,7 @@ void CDetailUnit::Draw(CDC& dc, const CRect& rc)
     CRect rcUnit(rcValue);
     rcUnit.left += theme::TextWidth(dc, strValue, theme::Font::Huge) + 8;
     rcUnit.top += 12;
-    theme::DrawLine(dc, instrument.pszUnit, rcUnit, theme::Font::Normal, theme::MUTED);
+    theme::DrawLine(dc, ShownUnit(instrument), rcUnit, theme::Font::Normal, theme::MUTED);
 
     DrawGauge(dc, CRect(rcRoom.left, rcValue.bottom + 6, rcRoom.right, rcValue.bottom + 42));
     DrawFacts(dc, CRect(rcRoom.left, rcValue.bottom + 54, rcRoom.right, rcRoom.bottom));

@@ -21,6 +21,7 @@ protected:
     CString GetCaptionNote() const override;
     void OnParameters() override;
     void OnShowInstrument(int nInstrument) override;
+    int GetSelectedInstrument() const override { return m_nInstrument; }
 
 private:
     void DrawGauge(CDC& dc, const CRect& rc) const;

@@ -77,6 +77,7 @@ IMPLEMENT_DYNCREATE(CDiagramUnit, CPaneUnit)
 
 BEGIN_MESSAGE_MAP(CDiagramUnit, CPaneUnit)
 ON_WM_LBUTTONDOWN()
+ON_WM_RBUTTONDOWN()
 END_MESSAGE_MAP()
 
 GUID CDiagramUnit::GetGUID()
@@ -90,13 +91,25 @@ void CDiagramUnit::OnShowInstrument(int nInstrument)
     Invalidate(FALSE);
 }
 
-void CDiagramUnit::OnLButtonDown(UINT nFlags, CPoint pt)
+void CDiagramUnit::SelectAt(CPoint pt)
 {
     for (const Label& label : LABELS) {
         if (GetLabelRect(label.nInstrument).PtInRect(pt))
             Notify(NOTIFY_INSTRUMENT_SELECTED, label.nInstrument);
     }
+}
+
+void CDiagramUnit::OnLButtonDown(UINT nFlags, CPoint pt)
+{
+    SelectAt(pt);
     CPaneUnit::OnLButtonDown(nFlags, pt);
+}
+
+/// What the context menu is about is selected first.
+void CDiagramUnit::OnRButtonDown(UINT nFlags, CPoint pt)
+{
+    SelectAt(pt);
+    CPaneUnit::OnRButtonDown(nFlags, pt);
 }
 
 CDiagramUnit::Fit CDiagramUnit::MakeFit() const

@@ -20,11 +20,14 @@ public:
 protected:
     void Draw(CDC& dc, const CRect& rc) override;
     void OnShowInstrument(int nInstrument) override;
+    int GetSelectedInstrument() const override { return m_nSelected; }
     void OnLButtonDown(UINT nFlags, CPoint pt);
+    void OnRButtonDown(UINT nFlags, CPoint pt);
 
     DECLARE_MESSAGE_MAP()
 
 private:
+    void SelectAt(CPoint pt);
     /// From the drawing's coordinates to the pane's.
     struct Fit
     {

@@ -20,6 +20,7 @@ IMPLEMENT_DYNCREATE(CFiguresUnit, CPaneUnit)
 
 BEGIN_MESSAGE_MAP(CFiguresUnit, CPaneUnit)
 ON_WM_LBUTTONDOWN()
+ON_WM_RBUTTONDOWN()
 END_MESSAGE_MAP()
 
 GUID CFiguresUnit::GetGUID()
@@ -57,13 +58,25 @@ void CFiguresUnit::OnShowInstrument(int nInstrument)
     Invalidate(FALSE);
 }
 
-void CFiguresUnit::OnLButtonDown(UINT nFlags, CPoint pt)
+void CFiguresUnit::SelectAt(CPoint pt)
 {
     for (std::size_t i = 0; i < m_arrInstrument.size(); ++i) {
         if (GetTileRect(static_cast<int>(i)).PtInRect(pt))
             Notify(NOTIFY_INSTRUMENT_SELECTED, m_arrInstrument[i]);
     }
+}
+
+void CFiguresUnit::OnLButtonDown(UINT nFlags, CPoint pt)
+{
+    SelectAt(pt);
     CPaneUnit::OnLButtonDown(nFlags, pt);
+}
+
+/// What the context menu is about is selected first.
+void CFiguresUnit::OnRButtonDown(UINT nFlags, CPoint pt)
+{
+    SelectAt(pt);
+    CPaneUnit::OnRButtonDown(nFlags, pt);
 }
 
 void CFiguresUnit::Draw(CDC& dc, const CRect&)
@@ -98,7 +111,7 @@ void CFiguresUnit::DrawTile(CDC& dc, const CRect& rc, int nInstrument) const
     CRect rcUnit(rcValue);
     rcUnit.left += theme::TextWidth(dc, strValue, theme::Font::Large) + 6;
     rcUnit.top += 5;
-    theme::DrawLine(dc, instrument.pszUnit, rcUnit, theme::Font::Normal, theme::MUTED);
+    theme::DrawLine(dc, ShownUnit(instrument), rcUnit, theme::Font::Normal, theme::MUTED);
     theme::DrawDisc(dc, CPoint(rc.right - 14, rcName.CenterPoint().y), 4, bAlarm ? color : theme::GOOD);
 }
 

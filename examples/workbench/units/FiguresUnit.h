@@ -23,11 +23,14 @@ protected:
     void Draw(CDC& dc, const CRect& rc) override;
     void OnParameters() override;
     void OnShowInstrument(int nInstrument) override;
+    int GetSelectedInstrument() const override { return m_nSelected; }
     void OnLButtonDown(UINT nFlags, CPoint pt);
+    void OnRButtonDown(UINT nFlags, CPoint pt);
 
     DECLARE_MESSAGE_MAP()
 
 private:
+    void SelectAt(CPoint pt);
     void DrawTile(CDC& dc, const CRect& rc, int nInstrument) const;
     void DrawSpark(CDC& dc, const CRect& rc, int nInstrument) const;
 

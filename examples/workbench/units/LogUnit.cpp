@@ -5,6 +5,8 @@
 #include "ClassTables.h"
 #include "Commands.h"
 
+#include <platform/window/Menu.h>
+
 IMPLEMENT_DYNCREATE(CLogUnit, CPaneUnit)
 
 BEGIN_MESSAGE_MAP(CLogUnit, CPaneUnit)
@@ -49,6 +51,11 @@ void CLogUnit::OnJournalChanged()
 {
     ListRows();
     Invalidate(FALSE);
+}
+
+void CLogUnit::FillMenu(CMenu& menu)
+{
+    menu.AppendMenu(MF_STRING, ID_PLANT_ACKNOWLEDGE, L"&Acknowledge alarms\tEnter");
 }
 
 void CLogUnit::OnSize(UINT nType, int cx, int cy)

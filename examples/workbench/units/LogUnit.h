@@ -19,6 +19,7 @@ protected:
     CString GetCaptionNote() const override;
     void OnNewData() override;
     void OnJournalChanged() override;
+    void FillMenu(CMenu& menu) override;
 
     void OnSize(UINT nType, int cx, int cy);
     void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);

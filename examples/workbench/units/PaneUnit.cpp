@@ -13,10 +13,20 @@ IMPLEMENT_DYNAMIC(CPaneUnit, CBaseUnitWnd)
 
 BEGIN_MESSAGE_MAP(CPaneUnit, CBaseUnitWnd)
 ON_WM_DESTROY()
+ON_WM_KEYDOWN()
 ON_WM_LBUTTONDOWN()
+ON_WM_LBUTTONDBLCLK()
+ON_WM_RBUTTONDOWN()
+ON_WM_CONTEXTMENU()
 ON_WM_SETFOCUS()
 ON_WM_KILLFOCUS()
 ON_WM_ERASEBKGND()
+ON_COMMAND(ID_PANE_NEIGHBOUR, &CPaneUnit::ToggleNeighbour)
+ON_COMMAND(ID_PANE_SWAP, &CPaneUnit::Swap)
+ON_COMMAND(ID_PANE_WATCH, &CPaneUnit::OnWatch)
+ON_UPDATE_COMMAND_UI(ID_PANE_NEIGHBOUR, &CPaneUnit::OnUpdateNeighbour)
+ON_UPDATE_COMMAND_UI(ID_PANE_SWAP, &CPaneUnit::OnUpdateSwap)
+ON_UPDATE_COMMAND_UI(ID_PANE_WATCH, &CPaneUnit::OnUpdateWatch)
 END_MESSAGE_MAP()
 
 BOOL CPaneUnit::Create(CWnd* pParent, CBaseUnitInfo* pInfo)
@@ -36,6 +46,7 @@ BOOL CPaneUnit::Init(const wchar_t* pszParam)
     // The base keeps the parameters in upper case, for the library; titles need them as they were written.
     m_parameters = CParameters(pszParam);
     const BOOL bResult = CBaseUnitWnd::Init(pszParam);
+    ReadPaneParameters();
     OnParameters();
     return bResult;
 }
@@ -78,6 +89,15 @@ LRESULT CPaneUnit::ProcessCommand(UINT nCmd, LPARAM lParam)
 }
 
 void CPaneUnit::OnShowInstrument(int) {}
+
+/// What was broadcast while another frame was in front has not been heard here.
+void CPaneUnit::OnMDIActivate(BOOL bActivate, CWnd*, CWnd*)
+{
+    if (!bActivate)
+        return;
+    OnSettingsChanged();
+    OnJournalChanged();
+}
 
 CString CPaneUnit::GetCaption() const
 {
@@ -127,25 +147,34 @@ void CPaneUnit::DrawCaption(CDC& dc, const CRect& rc)
 
     CRect rcText(rc);
     rcText.DeflateRect(theme::PADDING, bFocus ? 2 : 1, theme::PADDING, 0);
-    const CString strNote = GetCaptionNote();
+    const CRect rcButton = GetButtonRect();
+    if (!rcButton.IsRectEmpty()) {
+        DrawButton(dc);
+        rcText.right = rcButton.left - theme::PADDING;
+    }
     const CString strTitle = GetCaption();
     theme::DrawLine(dc, strTitle, rcText, theme::Font::Bold, bFocus ? theme::ACCENT : theme::TEXT);
-    // The remark gives way to the title.
     rcText.left += theme::TextWidth(dc, strTitle, theme::Font::Bold) + theme::PADDING;
-    if (rcText.Width() >= theme::TextWidth(dc, strNote, theme::Font::Small))
-        theme::DrawLine(dc, strNote, rcText, theme::Font::Small, theme::MUTED, DT_RIGHT);
+    DrawNote(dc, rcText);
+}
+
+/// The remark and the hint give way to the title, and the remark to the hint.
+void CPaneUnit::DrawNote(CDC& dc, const CRect& rc) const
+{
+    const CString strNote = GetCaptionNote();
+    const CString strHint = m_other ? L"double click: " + m_other->strKind : CString();
+    const CString strBoth =
+        strNote.IsEmpty() || strHint.IsEmpty() ? strNote + strHint : strNote + L"  ·  " + strHint;
+    for (const CString& str : {strBoth, strHint, strNote}) {
+        if (!str.IsEmpty() && theme::TextWidth(dc, str, theme::Font::Small) <= rc.Width())
+            return theme::DrawLine(dc, str, rc, theme::Font::Small, theme::MUTED, DT_RIGHT);
+    }
 }
 
 void CPaneUnit::OnDestroy()
 {
     App().GetFeed().Unsubscribe(m_hWnd);
     CBaseUnitWnd::OnDestroy();
-}
-
-void CPaneUnit::OnLButtonDown(UINT nFlags, CPoint pt)
-{
-    SetFocus(); // windows never move the focus to what is clicked by themselves
-    CBaseUnitWnd::OnLButtonDown(nFlags, pt);
 }
 
 void CPaneUnit::OnSetFocus(CWnd* pOldWnd)

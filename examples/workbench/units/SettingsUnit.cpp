@@ -1,49 +1,27 @@
-// The form: a list of fields from top to bottom, each drawn and used by its kind.
+// The form: a list of fields from top to bottom, each used by its kind.
 #include "units/SettingsUnit.h"
 
 #include "Application.h"
 #include "ClassTables.h"
 #include "Commands.h"
+#include "MainFrame.h"
+#include "units/SettingsField.h"
+
+#include <platform/docview/MDIChildWnd.h>
+#include <platform/window/Menu.h>
+#include <platform/window/MessageLoop.h>
 
 #include <algorithm>
-#include <array>
+
+using Kind = SettingsField::Kind;
 
 namespace {
 
-enum class Kind
-{
-    Text,
-    Choice,
-    Check,
-    Button
-};
-
-struct FieldInfo
-{
-    Kind kind;
-    const wchar_t* pszLabel;
-    int y; // from the top of the form
-};
-
-constexpr std::array<FieldInfo, CSettingsUnit::FIELD_COUNT> FIELDS = {{
-    {Kind::Text, L"Operator on duty", 14},
-    {Kind::Text, L"Batch", 68},
-    {Kind::Choice, L"Time span of charts", 122},
-    {Kind::Check, L"Grid lines", 184},
-    {Kind::Check, L"Alarm limits", 210},
-    {Kind::Check, L"Fill below single lines", 236},
-    {Kind::Button, L"Apply", 274},
-}};
-
-constexpr int LABEL_HEIGHT = 18;
+constexpr int LABEL_HEIGHT = SettingsField::LABEL_HEIGHT;
 constexpr int BOX_HEIGHT = 26;
+constexpr int BUTTON_WIDTH = 96;
 constexpr int CHECK_HEIGHT = 22;
 constexpr int LONGEST_TEXT = 24;
-
-const FieldInfo& InfoOf(CSettingsUnit::Field field)
-{
-    return FIELDS[static_cast<std::size_t>(field)];
-}
 
 } // namespace
 
@@ -53,6 +31,9 @@ BEGIN_MESSAGE_MAP(CSettingsUnit, CPaneUnit)
 ON_WM_LBUTTONDOWN()
 ON_WM_KEYDOWN()
 ON_WM_CHAR()
+ON_COMMAND(ID_SETTINGS_APPLY, &CSettingsUnit::Apply)
+ON_COMMAND(ID_SETTINGS_REVERT, &CSettingsUnit::Revert)
+ON_UPDATE_COMMAND_UI_RANGE(ID_SETTINGS_APPLY, ID_SETTINGS_REVERT, &CSettingsUnit::OnUpdateEdited)
 END_MESSAGE_MAP()
 
 GUID CSettingsUnit::GetGUID()
@@ -62,14 +43,15 @@ GUID CSettingsUnit::GetGUID()
 
 BOOL CSettingsUnit::Init(const wchar_t* pszParam)
 {
-    m_draft = App().GetSettings();
+    Revert();
     return CPaneUnit::Init(pszParam);
 }
 
 /// Letters and digits are typed into the form; by default they would go on to the main window.
 bool CSettingsUnit::IsKeyFilted(UINT nChar)
 {
-    return (nChar != VK_TAB && InfoOf(m_current).kind == Kind::Text) || CPaneUnit::IsKeyFilted(nChar);
+    return (nChar != VK_TAB && SettingsField::Of(m_current).kind == Kind::Text) ||
+           CPaneUnit::IsKeyFilted(nChar);
 }
 
 bool CSettingsUnit::IsEdited() const
@@ -87,13 +69,47 @@ void CSettingsUnit::OnSettingsChanged()
 {
     m_draft.bGrid = App().GetSettings().bGrid;
     m_draft.bLimits = App().GetSettings().bLimits;
+    m_draft.bFahrenheit = App().GetSettings().bFahrenheit;
     Invalidate(FALSE);
+}
+
+bool CSettingsUnit::AskBeforeLeaving()
+{
+    if (!IsEdited())
+        return true;
+    const HWND hWnd = m_hWnd;
+    CFrameWnd* pFrame = GetParentFrame();
+    if (pFrame != App().GetMainFrame() && pFrame != App().GetMainFrame()->MDIGetActive())
+        pFrame->ActivateFrame(-1); // so that the user sees what the question is about
+    const int nAnswer = ::AfxMessageBox(L"The settings have changes that are not applied.\n\n"
+                                        L"Yes applies them, No discards them, Cancel goes back to the form.",
+                                        MB_YESNOCANCEL | MB_ICONQUESTION);
+    if (!::IsWindow(hWnd))
+        return true; // the form went while the user was thinking
+    if (nAnswer == IDYES)
+        Apply();
+    else if (nAnswer == IDNO)
+        Revert();
+    else
+        SetFocus();
+    return nAnswer != IDCANCEL;
 }
 
 void CSettingsUnit::Revert()
 {
     m_draft = App().GetSettings();
-    Invalidate(FALSE);
+    MoveTo(m_current);
+}
+
+void CSettingsUnit::FillMenu(CMenu& menu)
+{
+    menu.AppendMenu(MF_STRING, ID_SETTINGS_APPLY, L"&Apply\tEnter");
+    menu.AppendMenu(MF_STRING, ID_SETTINGS_REVERT, L"&Revert\tEsc");
+}
+
+void CSettingsUnit::OnUpdateEdited(CCmdUI* pCmdUI)
+{
+    pCmdUI->Enable(IsEdited());
 }
 
 /// The text that a field edits; null for fields without one.
@@ -127,14 +143,17 @@ bool Settings::*CSettingsUnit::FlagOf(Field field)
 CRect CSettingsUnit::GetFieldRect(Field field) const
 {
     const CRect rc = GetContentRect();
-    const FieldInfo& info = InfoOf(field);
+    const SettingsField& info = SettingsField::Of(field);
     const int nLeft = rc.left + 14;
     const int nRight = std::max<int>(nLeft, std::min<int>(rc.right - 14, nLeft + 320));
     switch (info.kind) {
     case Kind::Check:
         return {nLeft, rc.top + info.y, nRight, rc.top + info.y + CHECK_HEIGHT};
-    case Kind::Button:
-        return {nLeft, rc.top + info.y, std::min(nRight, nLeft + 96), rc.top + info.y + BOX_HEIGHT + 4};
+    case Kind::Button: {
+        const int x = nLeft + (field == FIELD_REVERT ? BUTTON_WIDTH + 8 : 0);
+        return {std::min(x, nRight), rc.top + info.y, std::min(nRight, x + BUTTON_WIDTH),
+                rc.top + info.y + BOX_HEIGHT + 4};
+    }
     default:
         return {nLeft, rc.top + info.y + LABEL_HEIGHT, nRight, rc.top + info.y + LABEL_HEIGHT + BOX_HEIGHT};
     }
@@ -143,7 +162,19 @@ CRect CSettingsUnit::GetFieldRect(Field field) const
 void CSettingsUnit::MoveTo(int nField)
 {
     m_current = static_cast<Field>(std::clamp(nField, 0, static_cast<int>(FIELD_COUNT) - 1));
+    if (const auto pText = TextOf(m_current))
+        m_line.Begin(m_draft.*pText);
     Invalidate(FALSE);
+}
+
+/// Tab goes through the fields and from the last one (back: the first one) to another pane.
+void CSettingsUnit::MoveOn(UINT nRepCnt, UINT nFlags)
+{
+    const int nNext = m_current + (::GetKeyState(VK_SHIFT) < 0 ? -1 : 1);
+    if (nNext >= 0 && nNext < FIELD_COUNT)
+        return MoveTo(nNext);
+    MoveTo(nNext < 0 ? FIELD_COUNT - 1 : 0);
+    CPaneUnit::OnKeyDown(VK_TAB, nRepCnt, nFlags);
 }
 
 void CSettingsUnit::OnLButtonDown(UINT nFlags, CPoint pt)
@@ -153,9 +184,28 @@ void CSettingsUnit::OnLButtonDown(UINT nFlags, CPoint pt)
         if (!GetFieldRect(static_cast<Field>(n)).PtInRect(pt))
             continue;
         MoveTo(n);
-        Use(m_current);
-        return;
+        if (TextOf(m_current))
+            return ChooseCaret(pt);
+        return Use(m_current);
     }
+}
+
+/// Between the two characters that are nearest to the point.
+void CSettingsUnit::ChooseCaret(CPoint pt)
+{
+    const CString& strText = m_draft.*TextOf(m_current);
+    const int nRoom = pt.x - GetFieldRect(m_current).left - SettingsField::TEXT_MARGIN;
+    CDC dc; // measures only
+    int nCaret = 0, nWidth = 0;
+    for (int n = 1; n <= strText.GetLength(); ++n) {
+        const int nNext = theme::TextWidth(dc, strText.Left(n), theme::Font::Normal);
+        if ((nWidth + nNext) / 2 > nRoom)
+            break;
+        nWidth = nNext;
+        nCaret = n;
+    }
+    m_line.SetCaret(nCaret, strText);
+    Invalidate(FALSE);
 }
 
 /// What a click or the space bar does to a field.
@@ -167,6 +217,8 @@ void CSettingsUnit::Use(Field field)
         StepTimeSpan(1);
     else if (field == FIELD_APPLY)
         return Apply();
+    else if (field == FIELD_REVERT)
+        return Revert();
     Invalidate(FALSE);
 }
 
@@ -177,8 +229,20 @@ void CSettingsUnit::StepTimeSpan(int nSteps)
     Invalidate(FALSE);
 }
 
+/// @return whether the key moves the caret or deletes
+bool CSettingsUnit::PressKeyInText(UINT nChar)
+{
+    const auto pText = TextOf(m_current);
+    if (!pText || !m_line.PressKey(nChar, m_draft.*pText))
+        return false;
+    Invalidate(FALSE);
+    return true;
+}
+
 void CSettingsUnit::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 {
+    if (PressKeyInText(nChar))
+        return;
     switch (nChar) {
     case VK_UP:
         return MoveTo(m_current - 1);
@@ -190,13 +254,15 @@ void CSettingsUnit::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
             StepTimeSpan(nChar == VK_LEFT ? -1 : 1);
         return;
     case VK_SPACE:
-        if (InfoOf(m_current).kind != Kind::Text)
+        if (SettingsField::Of(m_current).kind != Kind::Text)
             Use(m_current);
         return;
     case VK_RETURN:
         return Apply();
     case VK_ESCAPE:
         return Revert();
+    case VK_TAB:
+        return MoveOn(nRepCnt, nFlags);
     default:
         return CPaneUnit::OnKeyDown(nChar, nRepCnt, nFlags);
     }
@@ -207,12 +273,8 @@ void CSettingsUnit::OnChar(UINT nChar, UINT nRepCnt, UINT nFlags)
     const auto pText = TextOf(m_current);
     if (!pText)
         return CPaneUnit::OnChar(nChar, nRepCnt, nFlags);
-    CString& strText = m_draft.*pText;
-    if (nChar == VK_BACK)
-        strText = strText.Left(strText.GetLength() - 1);
-    else if (nChar >= L' ' && nChar != 0x7F && strText.GetLength() < LONGEST_TEXT)
-        strText += static_cast<wchar_t>(nChar);
-    Invalidate(FALSE);
+    if (m_line.Type(nChar, m_draft.*pText, LONGEST_TEXT))
+        Invalidate(FALSE);
 }
 
 /// Makes the draft effective, tells this frame's helper, and then every unit of the frame in front.
@@ -222,84 +284,4 @@ void CSettingsUnit::Apply()
     Notify(NOTIFY_SETTINGS_APPLIED, 0);
     BroadcastCommand(UNIT_CMD_SETTINGS_CHANGED, 0);
     Invalidate(FALSE);
-}
-
-void CSettingsUnit::Draw(CDC& dc, const CRect&)
-{
-    for (int n = 0; n < FIELD_COUNT; ++n)
-        DrawField(dc, static_cast<Field>(n));
-}
-
-void CSettingsUnit::DrawField(CDC& dc, Field field) const
-{
-    const CRect rc = GetFieldRect(field);
-    const bool bFocus = field == m_current && CWnd::GetFocus() == this;
-    const FieldInfo& info = InfoOf(field);
-    if (info.kind == Kind::Text || info.kind == Kind::Choice) {
-        const CRect rcLabel(rc.left, rc.top - LABEL_HEIGHT, rc.right, rc.top - 2);
-        theme::DrawLine(dc, info.pszLabel, rcLabel, theme::Font::Small, theme::MUTED);
-    }
-    switch (info.kind) {
-    case Kind::Text:
-        return DrawText(dc, rc, field, bFocus);
-    case Kind::Choice:
-        return DrawChoice(dc, rc, bFocus);
-    case Kind::Check:
-        return DrawCheck(dc, rc, field, bFocus);
-    case Kind::Button:
-        return DrawButton(dc, rc, bFocus);
-    }
-}
-
-void CSettingsUnit::DrawText(CDC& dc, const CRect& rc, Field field, bool bFocus) const
-{
-    theme::DrawBox(dc, rc, theme::PANEL, bFocus ? theme::ACCENT : theme::LINE);
-    CRect rcText(rc);
-    rcText.DeflateRect(8, 0);
-    const CString& strText = m_draft.*TextOf(field);
-    theme::DrawLine(dc, strText, rcText, theme::Font::Normal, theme::TEXT);
-    if (!bFocus)
-        return;
-    const int x =
-        std::min<int>(rcText.left + theme::TextWidth(dc, strText, theme::Font::Normal) + 1, rcText.right);
-    dc.FillSolidRect(x, rc.top + 5, 1, rc.Height() - 10, theme::ACCENT);
-}
-
-void CSettingsUnit::DrawChoice(CDC& dc, const CRect& rc, bool bFocus) const
-{
-    theme::DrawBox(dc, rc, theme::PANEL, bFocus ? theme::ACCENT : theme::LINE);
-    CRect rcText(rc);
-    rcText.DeflateRect(8, 0, 26, 0);
-    theme::DrawLine(dc, TIME_SPANS[static_cast<std::size_t>(m_draft.nTimeSpan)].pszName, rcText,
-                    theme::Font::Normal, theme::TEXT);
-    const CPoint pt(rc.right - 14, rc.CenterPoint().y);
-    const theme::CPenScope pen(dc, theme::MUTED, 2);
-    const POINT arrow[] = {{pt.x - 5, pt.y - 3}, {pt.x, pt.y + 2}, {pt.x + 5, pt.y - 3}};
-    dc.Polyline(arrow, 3);
-}
-
-void CSettingsUnit::DrawCheck(CDC& dc, const CRect& rc, Field field, bool bFocus) const
-{
-    const bool bOn = m_draft.*FlagOf(field);
-    const int nTop = rc.CenterPoint().y - 8;
-    const CRect rcBox(rc.left, nTop, rc.left + 16, nTop + 16);
-    theme::DrawBox(dc, rcBox, bOn ? theme::ACCENT : theme::PANEL, bOn || bFocus ? theme::ACCENT : theme::LINE,
-                   4);
-    if (bOn) {
-        const theme::CPenScope pen(dc, theme::PANEL, 2);
-        const POINT tick[] = {
-            {rcBox.left + 4, nTop + 8}, {rcBox.left + 7, nTop + 11}, {rcBox.left + 12, nTop + 5}};
-        dc.Polyline(tick, 3);
-    }
-    const CRect rcText(rc.left + 24, rc.top, rc.right, rc.bottom);
-    theme::DrawLine(dc, InfoOf(field).pszLabel, rcText, theme::Font::Normal,
-                    bFocus ? theme::ACCENT : theme::TEXT);
-}
-
-void CSettingsUnit::DrawButton(CDC& dc, const CRect& rc, bool bFocus) const
-{
-    const bool bEdited = IsEdited();
-    theme::DrawBox(dc, rc, bEdited ? theme::ACCENT : theme::CAPTION, bFocus ? theme::ACCENT : theme::LINE);
-    theme::DrawLine(dc, InfoOf(FIELD_APPLY).pszLabel, rc, theme::Font::Bold,
-                    bEdited ? theme::PANEL : theme::MUTED, DT_CENTER);
 }

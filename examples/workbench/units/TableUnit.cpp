@@ -84,6 +84,7 @@ IMPLEMENT_DYNCREATE(CTableUnit, CPaneUnit)
 BEGIN_MESSAGE_MAP(CTableUnit, CPaneUnit)
 ON_WM_SIZE()
 ON_WM_LBUTTONDOWN()
+ON_WM_RBUTTONDOWN()
 ON_WM_LBUTTONDBLCLK()
 ON_WM_KEYDOWN()
 ON_WM_MOUSEWHEEL()
@@ -165,18 +166,32 @@ void CTableUnit::Select(int nInstrument)
     Notify(NOTIFY_INSTRUMENT_SELECTED, nInstrument);
 }
 
-void CTableUnit::OnLButtonDown(UINT nFlags, CPoint pt)
+void CTableUnit::SelectAt(CPoint pt)
 {
     const int nRow = m_rows.HitTest(pt);
     if (nRow >= 0)
         Select(m_arrInstrument[static_cast<std::size_t>(nRow)]);
+}
+
+void CTableUnit::OnLButtonDown(UINT nFlags, CPoint pt)
+{
+    SelectAt(pt);
     CPaneUnit::OnLButtonDown(nFlags, pt);
 }
 
-void CTableUnit::OnLButtonDblClk(UINT, CPoint pt)
+/// What the context menu is about is selected first.
+void CTableUnit::OnRButtonDown(UINT nFlags, CPoint pt)
+{
+    SelectAt(pt);
+    CPaneUnit::OnRButtonDown(nFlags, pt);
+}
+
+void CTableUnit::OnLButtonDblClk(UINT nFlags, CPoint pt)
 {
     if (m_rows.HitTest(pt) >= 0)
         OpenBaseFrame(L"Trends");
+    else
+        CPaneUnit::OnLButtonDblClk(nFlags, pt);
 }
 
 void CTableUnit::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
@@ -284,7 +299,7 @@ void CTableUnit::DrawCell(CDC& dc, const Cell& cell, int nInstrument) const
         return theme::DrawLine(dc, FormatValue(instrument, dValue), rc,
                                bAlarm ? theme::Font::Bold : theme::Font::Normal, color, DT_RIGHT);
     case COLUMN_UNIT:
-        return theme::DrawLine(dc, instrument.pszUnit, rc, theme::Font::Small, theme::MUTED);
+        return theme::DrawLine(dc, ShownUnit(instrument), rc, theme::Font::Small, theme::MUTED);
     case COLUMN_RANGE:
         return DrawRangeBar(dc, rc, instrument, dValue, bAlarm ? color : theme::ACCENT);
     default:

@@ -30,9 +30,11 @@ protected:
     void OnParameters() override;
     void OnNewData() override;
     void OnShowInstrument(int nInstrument) override;
+    int GetSelectedInstrument() const override { return m_nSelected; }
 
     void OnSize(UINT nType, int cx, int cy);
     void OnLButtonDown(UINT nFlags, CPoint pt);
+    void OnRButtonDown(UINT nFlags, CPoint pt);
     void OnLButtonDblClk(UINT nFlags, CPoint pt);
     void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
     BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint pt);
@@ -49,6 +51,7 @@ private:
     void ListRows();
     int RowOf(int nInstrument) const;
     void Select(int nInstrument);
+    void SelectAt(CPoint pt);
     static std::vector<Cell> PlaceCells(const CRect& rcRow);
     void DrawHeader(CDC& dc, const CRect& rc) const;
     void DrawRow(CDC& dc, int nRow) const;

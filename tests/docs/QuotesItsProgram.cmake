@@ -1,0 +1,6 @@
+file(READ ${DOCUMENT} document)
+file(READ ${PROGRAM} program)
+string(FIND "${document}" "```cpp\n${program}```" place)
+if(place EQUAL -1)
+    message(FATAL_ERROR "${DOCUMENT} does not quote ${PROGRAM} as it stands")
+endif()

@@ -1,6 +1,0 @@
-file(READ ${ROOT}/README.md readme)
-file(READ ${ROOT}/examples/first-host/main.cpp host)
-string(FIND "${readme}" "```cpp\n${host}```" place)
-if(place EQUAL -1)
-    message(FATAL_ERROR "README.md does not quote examples/first-host/main.cpp as it stands")
-endif()
