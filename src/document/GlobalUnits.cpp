@@ -23,6 +23,25 @@ bool StandsIn(const CBaseUnitWnd* pUnit, HWND hParent)
     return hParent && pUnit->GetSafeHwnd() && ::GetParent(pUnit->GetSafeHwnd()) == hParent;
 }
 
+// The line of a tree that has the leaf on one of its sides, also while the leaf stands in another tree. Meets
+// each node once: one that is held has one line above it, and only the root can close a circle.
+CSplitLine* FindLineNaming(CSplitLine& root, const CSplitLine* pLeaf)
+{
+    std::vector<CSplitLine*> arrLine{&root};
+    while (!arrLine.empty()) {
+        CSplitLine* pLine = arrLine.back();
+        arrLine.pop_back();
+        if (pLine->m_pFirst == pLeaf || pLine->m_pSecond == pLeaf)
+            return pLine;
+        if (pLine->Holds(pLine->m_pFirst) && pLine->m_pFirst != &root)
+            arrLine.push_back(pLine->m_pFirst);
+        if (pLine->Holds(pLine->m_pSecond) && pLine->m_pSecond != &root &&
+            pLine->m_pSecond != pLine->m_pFirst)
+            arrLine.push_back(pLine->m_pSecond);
+    }
+    return nullptr;
+}
+
 } // namespace
 
 int CBaseFrameDoc::GetBaseUnitWndGlobalCache(CString strName, CBaseUnitWnd** ppUnit, bool bHandleStyle)
@@ -130,18 +149,24 @@ void CBaseFrameDoc::AdoptGlobalUnits()
     }
 }
 
-// A pane that has been given to another unit meanwhile stays with that one.
+// The unit comes back to where it stood when it was lent, which need not be where its style put it: units
+// change places. Else it takes the pane that the style gives it, unless that was given to another unit
+// meanwhile.
 void CBaseFrameDoc::PutIntoPane(const CString& strName, CBaseUnitWnd* pUnit)
 {
     CSplitLine* pLeaf = pUnit;
+    if (CSplitLine* pLine = FindLineNaming(*m_pRoot, pLeaf)) {
+        pLeaf->m_pParent = pLine;
+        return;
+    }
     for (GlobalPane& pane : m_arrGlobalPane) {
-        if (!pane.line || !(pane.strName == strName))
+        CSplitLine* pLine = pane.strName == strName ? pane.line.Get() : nullptr;
+        auto* pSide = !pLine ? nullptr : pane.bFirst ? &pLine->m_pFirst : &pLine->m_pSecond;
+        if (!pSide || *pSide)
             continue;
-        auto& side = pane.bFirst ? pane.line->m_pFirst : pane.line->m_pSecond;
-        if (!side)
-            side = pLeaf;
-        if (side == pLeaf)
-            pLeaf->m_pParent = pane.line;
+        *pSide = pLeaf;
+        pLeaf->m_pParent = pLine;
+        return;
     }
 }
 

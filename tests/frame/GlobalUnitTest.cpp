@@ -176,3 +176,42 @@ TEST(GlobalUnits, CommandsReachAllAndTheLastAnswers)
     Log().answers.clear();
     EXPECT_EQ(host.ActiveFrame()->ProcessCommand(40, 1), 0);
 }
+
+// Units change places, and the global one is lent meanwhile: it comes back to where it stood last.
+TEST(GlobalUnits, ComeBackToThePaneTheyWereMovedTo)
+{
+    const struct
+    {
+        const char* what;
+        std::function<bool(FrameHost&, CBaseUnitWnd* pGlobal)> move;
+    } moves[] = {
+        {"with a pane",
+         [](FrameHost& host, CBaseUnitWnd*) { return host.Unit(L"a")->ReplaceBaseUnit(L"a", L"g"); }},
+        {"out of its pane",
+         [](FrameHost& host, CBaseUnitWnd*) { return host.Unit(L"a")->ReplaceBaseUnit(L"u", L"g"); }},
+        {"into a pane of another unit",
+         [](FrameHost& host, CBaseUnitWnd* pGlobal) {
+             return host.Unit(L"a")->ReplaceBaseUnit(L"u", L"g") &&
+                    host.ActiveDoc()->m_pRoot->Replace(L"a", pGlobal);
+         }},
+    };
+    for (const auto& move : moves) {
+        SCOPED_TRACE(move.what);
+        FrameHost host;
+        host.Load(LayoutXml(GlobalXml(L"g") +
+                            FrameXml(L"A", L"a b u", {{L"A1", L"a b u g", L"m V a r 0.3;r H g b 0.2"}}) +
+                            FrameXml(L"B", L"b", {{L"B1", L"g b", L"m H g b"}})));
+        CBaseFrameDoc* pA = host.Open(L"A1");
+        host.Unit(L"u")->ShowWindow(SW_HIDE);
+        ASSERT_TRUE(move.move(host, host.m_pMain->FindGlobalBaseUnitWnd(L"g")));
+        host.ActiveFrame()->RecalcLayout();
+        const std::string strPanes = host.Panes();
+        for (int i = 0; i < 2; ++i) {
+            host.Open(L"B1");
+            host.m_pMain->MDINext();
+            host.Settle();
+            EXPECT_EQ(host.Panes(), strPanes);
+            EXPECT_EQ(splitframe::CheckTree(*pA->m_pRoot), "");
+        }
+    }
+}
