@@ -256,6 +256,9 @@ TEST(Style, OpeningAnOpenFrameSwitchesIt)
     host.Settle();
     EXPECT_EQ(host.ActiveDoc(), pA);
     EXPECT_STREQ(pA->GetCurrentStyleName(), L"T");
+    const std::string strPanes = host.Panes();
+    host.ActiveFrame()->RecalcLayout();
+    EXPECT_EQ(host.Panes(), strPanes) << "a switch ends with the pixels of any other layout";
     host.Open(L"B1");
     Log().Take();
     host.Open(L"U"); // from behind another frame

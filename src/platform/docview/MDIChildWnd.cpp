@@ -84,6 +84,8 @@ void CMDIChildWnd::ActivateFrame(int nCmdShow)
     }
     if (!(GetStyle() & WS_VISIBLE))
         ShowAtFinalSize(*pMain);
+    else if (pMain->MDIGetActive() == this)
+        RecalcLayout(TRUE); // no activation follows that would lay it out
     if (::IsWindow(hWnd) && pMain->m_pClient)
         pMain->m_pClient->Activate(hWnd);
 }

@@ -40,8 +40,8 @@ public:
     /// Destroys the frame without asking its document. The next child frame is activated first.
     void MDIDestroy();
 
-    /// Shows the frame at its final size, raises and activates it. Every show command shows it so but
-    /// SW_HIDE, which hides it and activates nothing.
+    /// Shows the frame at its final size, raises and activates it; one that is active already is laid out
+    /// again. Every show command shows it so but SW_HIDE, which hides it and activates nothing.
     void ActivateFrame(int nCmdShow = -1) override;
 
     /// The frame's text is the document's title, or its own title when there is no document.
