@@ -26,12 +26,14 @@ namespace {
 // Hooks that answer every switch by another one would do so without end.
 constexpr int MAX_SWITCHES_IN_A_ROW = 16;
 
-// The unit IDs that a style names. A parameter that is missing is found out when the units are gathered.
+// The unit IDs that a style gives to its units. A parameter that is missing is found out when the units are
+// gathered; one too many belongs to no unit.
 std::unordered_set<int> UnitIDsOf(const CBaseFrameStyle& style)
 {
     std::unordered_set<int> setID;
-    for (const CString& strParam : style.m_arrParam)
-        setID.insert(splitframe::UnitIDOf(strParam));
+    const int nCount = std::min(style.m_arrBaseUnitInfo.GetSize(), style.m_arrParam.GetSize());
+    for (int i = 0; i < nCount; ++i)
+        setID.insert(splitframe::UnitIDOf(style.m_arrParam[i]));
     setID.erase(splitframe::NO_UNIT_ID);
     return setID;
 }
@@ -207,16 +209,17 @@ void CBaseFrameDoc::GatherUnit(int nEntry)
 }
 
 // The window keeps its record, its parameters and its notification function. One that was made before its
-// frame was opened has neither of the last two yet.
+// frame was opened has neither of the last two yet; one that has parameters only was muted by its host.
 void CBaseFrameDoc::CarryUnit(CBaseUnitWnd* pUnit, int nID, const CString& strEntry, const CString& strParam)
 {
     AppendUnit(pUnit, nID);
     if (!(pUnit->CSplitLine::m_strName == strEntry))
         m_arrCarried.push_back({strEntry, pUnit});
+    if (pUnit->m_pfnNotify || !pUnit->m_strParam.IsEmpty())
+        return;
     const UnitWatch watch(pUnit);
-    if (!pUnit->m_pfnNotify)
-        pUnit->Init(strParam);
-    if (watch.Get())
+    pUnit->Init(strParam);
+    if (watch.Get() && !pUnit->m_pfnNotify)
         pUnit->SetNotifyFunc(&CBaseFrameView::OnBaseUnitNotify);
 }
 
