@@ -42,8 +42,11 @@ public:
 
     void Read(LayoutText::Element root)
     {
-        if (root.Find(L"GLOBAL"))
+        const LayoutText::Element start = root;
+        if (root.Find(L"GLOBAL")) {
+            ReportPassedOver(start, root.ChildPosition());
             ReadGlobals(root.Child());
+        }
         for (CBaseUnitInfo* pInfo : m_arrGlobal)
             m_global.Add(pInfo);
         UniqueNames names;
@@ -56,6 +59,19 @@ public:
     }
 
 private:
+    // The reader does not come back for the frames that stand before the global section.
+    void ReportPassedOver(LayoutText::Element before, int nEnd)
+    {
+        while (before.Find(L"BaseFrame") && before.ChildPosition() < nEnd) {
+            LayoutText::Element frame = before.Child();
+            frame.Find(L"NAME");
+            m_faults.strFrame = frame.Data();
+            m_faults.Report(L"the frame stands before the global section and is not read", m_faults.strFrame,
+                            before.ChildPosition());
+            m_faults.strFrame.Empty();
+        }
+    }
+
     void ReadGlobals(LayoutText::Element global)
     {
         auto arrInfo = ReadUnits(global, m_faults);

@@ -226,10 +226,12 @@ TEST(Loader, ALineWithATextThatDoesNotFitIsNotLoaded)
 TEST(Loader, TellsFaultsWithTheirPlace)
 {
     const std::wstring strXml = LayoutXml(
+        FrameXml(L"F", L"", {}) + GlobalXml(L"") +
         FrameXml(L"F", L"a a", {{L"S", L"a ghost", L"m V a nowhere;m V a a;x V a m"}, {L"S", L"", L""}}));
     const Loaded loaded(strXml);
     EXPECT_EQ(loaded.Faults(),
               (std::vector<std::string>{
+                  "the frame stands before the global section and is not read",
                   "an earlier unit has the same name",
                   "no unit has this name; the reference is dropped",
                   "no split line or unit of this style has this name; the side is empty",
