@@ -155,6 +155,27 @@ public:
     /// invalid-argument exception. What a unit's hook throws passes through; that unit is deleted.
     virtual void Create(CBaseFrameView* pView);
 
+    /// ChangeStyle(int, bool) by name, case ignored; the first style of that name is taken, and nothing
+    /// happens when it is the current one.
+    /// @return false when the frame has no style of that name; then nothing has changed
+    virtual bool ChangeStyle(const wchar_t* pszStyle);
+
+    /// Switches the open frame to another of its styles. A unit that the new style names by the unit ID that
+    /// it has now stays the same window, visible all along; the others are hidden and kept in the cache, and
+    /// missing ones are taken from there or made. In this order: OnStyleChange(false) of the old units,
+    /// OnStyleInitial and OnCalcWindowRect of the helper, OnStyleChange(true) of the new units, the focus to
+    /// the first one, which becomes the current unit, and the layout of the new tree in the whole client area
+    /// of the view; the frame's next layout leaves the view's edge free again
+    /// (CBaseFrameView::CalcWindowRect), at once when the main frame made the switch. A switch to the current
+    /// style only takes the style's global units into the view again. A switch that a hook asks for while
+    /// units are being made or exchanged is carried out when that is done: the last one asked for counts. A
+    /// hook that closes the frame ends the switch.
+    /// @param bHandleStyle  tells the global units of the style the frame's name (CBaseUnitWnd::HandleStyle)
+    /// An index outside the list raises the invalid-argument exception, and nothing changes; so does a style
+    /// with fewer parameters than units, after the old units have left. What a hook throws passes through.
+    /// Both leave the frame with the new style and without its tree, until the next switch.
+    virtual void ChangeStyle(int nStyle, bool bHandleStyle);
+
     virtual int GetBaseUnitWndCount();
     /// The first of the document's own windows whose record has that name, compared exactly, or null.
     virtual CBaseUnitWnd* GetBaseUnitWnd(const wchar_t* pszName);
@@ -173,24 +194,6 @@ public:
     virtual int GetWndCacheCount();
     /// The cached window at a position; outside the list the invalid-argument exception.
     virtual CBaseUnitWnd* GetWndCache(int nIndex);
-
-    /// Switches the open frame to another of its styles. A unit that the new style names by the unit ID that
-    /// it has now stays the same window, visible all along; the others are hidden and kept in the cache, and
-    /// missing ones are taken from there or made. In this order: OnStyleChange(false) of the old units,
-    /// OnStyleInitial and OnCalcWindowRect of the helper, OnStyleChange(true) of the new units, the focus to
-    /// the first one, which becomes the current unit, and the layout of the new tree in the view's client
-    /// area. A switch to the current style only takes the style's global units into the view again. A switch
-    /// that a hook asks for while units are being made or exchanged is carried out when that is done: the
-    /// last one asked for counts. A hook that closes the frame ends the switch.
-    /// @param bHandleStyle  tells the global units of the style the frame's name (CBaseUnitWnd::HandleStyle)
-    /// An index outside the list raises the invalid-argument exception, and nothing changes; so does a style
-    /// with fewer parameters than units, after the old units have left. What a hook throws passes through.
-    /// Both leave the frame with the new style and without its tree, until the next switch.
-    virtual void ChangeStyle(int nStyle, bool bHandleStyle);
-    /// The same by name, case ignored; the first style of that name is taken, and nothing happens when it is
-    /// the current one.
-    /// @return false when the frame has no style of that name; then nothing has changed
-    virtual bool ChangeStyle(const wchar_t* pszStyle);
 
     BOOL OnNewDocument() override;
 
