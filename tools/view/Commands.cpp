@@ -109,7 +109,7 @@ HACCEL MakeCommandKeys()
                 {static_cast<BYTE>(FVIRTKEY | command.fHeld), command.nKey, static_cast<WORD>(command.nID)});
     for (int nStyle = 0; nStyle < kStyleKeys; ++nStyle)
         keys.push_back({FVIRTKEY | FCONTROL, static_cast<WORD>('1' + nStyle),
-                        static_cast<WORD>(ID_STYLE_FIRST + nStyle)});
+                        static_cast<WORD>(ID_STYLE_FIRST + static_cast<UINT>(nStyle))});
     return ::CreateAcceleratorTable(keys.data(), static_cast<int>(keys.size()));
 }
 
