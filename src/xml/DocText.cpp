@@ -15,12 +15,12 @@ namespace {
 
 using Bits = unsigned long long;
 
-// One bit for each character below 64 that becomes an entity.
-Bits EncodedBits(Encode encode)
+// One bit for each character below 64 that is not written as it is, the terminating zero included.
+Bits SpecialBits(Encode encode)
 {
-    constexpr Bits DATA = 1ULL << '<' | 1ULL << '&' | 1ULL << '>';
+    constexpr Bits DATA = 1 | 1ULL << '<' | 1ULL << '&' | 1ULL << '>';
     constexpr Bits ATTRIB = DATA | 1ULL << '\'' | 1ULL << '"';
-    return encode == Encode::Nothing ? 0 : encode == Encode::Data ? DATA : ATTRIB;
+    return encode == Encode::Nothing ? 1 : encode == Encode::Data ? DATA : ATTRIB;
 }
 
 bool Has(Bits nBits, wchar_t ch)
@@ -37,21 +37,25 @@ std::wstring_view EntityName(wchar_t ch)
 
 } // namespace
 
-int DocText::Length() const
+DocText::DocText(const wchar_t* psz, Encode encode) : m_psz(psz ? psz : L""), m_encode(encode)
 {
-    const Bits nBits = EncodedBits(encode);
-    std::size_t nLength = 0;
-    for (const wchar_t* p = psz; p && *p != 0; ++p)
+    const Bits nBits = SpecialBits(encode);
+    const wchar_t* p = m_psz;
+    while (!Has(nBits, *p) && UnitsOf(*p) == 1)
+        ++p;
+    m_bPlain = *p == 0;
+    std::size_t nLength = static_cast<std::size_t>(p - m_psz);
+    for (; *p != 0; ++p)
         nLength += Has(nBits, *p) ? 1 + EntityName(*p).size() : static_cast<std::size_t>(UnitsOf(*p));
     if (nLength >= static_cast<std::size_t>(std::numeric_limits<int>::max()))
         AfxThrowMemoryException();
-    return static_cast<int>(nLength);
+    m_nLength = static_cast<int>(nLength);
 }
 
-wchar_t* DocText::Write(wchar_t* pOut) const
+wchar_t* DocText::WriteEncoded(wchar_t* pOut) const
 {
-    const Bits nBits = EncodedBits(encode);
-    for (const wchar_t* p = psz; p && *p != 0; ++p) {
+    const Bits nBits = SpecialBits(m_encode);
+    for (const wchar_t* p = m_psz; *p != 0; ++p) {
         if (Has(nBits, *p)) {
             const std::wstring_view name = EntityName(*p);
             *pOut++ = L'&';

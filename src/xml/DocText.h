@@ -2,6 +2,8 @@
 // Only for the sources of this folder.
 #pragma once
 
+#include <algorithm>
+
 namespace splitframe::markup {
 
 /// What becomes of the characters that mean something in markup.
@@ -13,16 +15,28 @@ enum class Encode
 };
 
 /// A text that ends with a zero; null is empty text. Not copied: it must last until it is written.
-struct DocText
+class DocText
 {
-    const wchar_t* psz;
-    Encode encode = Encode::Nothing;
+public:
+    /// @throw CMemoryException when no document can hold it
+    DocText(const wchar_t* psz, Encode encode = Encode::Nothing);
 
-    bool IsEmpty() const { return !psz || *psz == 0; }
-    /// Units that Write writes. @throw CMemoryException when no text can hold them
-    int Length() const;
+    bool IsEmpty() const { return m_nLength == 0; }
+    /// Units that Write writes.
+    int Length() const { return m_nLength; }
     /// @return behind what was written
-    wchar_t* Write(wchar_t* pOut) const;
+    wchar_t* Write(wchar_t* pOut) const
+    {
+        return m_bPlain ? std::copy_n(m_psz, m_nLength, pOut) : WriteEncoded(pOut);
+    }
+
+private:
+    wchar_t* WriteEncoded(wchar_t* pOut) const;
+
+    const wchar_t* m_psz;
+    Encode m_encode;
+    bool m_bPlain; // every character is written as it is
+    int m_nLength;
 };
 
 } // namespace splitframe::markup

@@ -65,10 +65,10 @@ public:
     /// @return 1 if it was read and parsed, else 0; GetFailure tells the reasons apart
     int Load(const wchar_t* pszFileName);
 
-    const CString& GetDoc() const { return m_strDoc; }
+    CString GetDoc() const { return m_strDoc; }
     bool IsWellFormed() const;
     /// Text of the last parse error; a parse that succeeds does not clear it.
-    const CString& GetError() const { return m_strError; }
+    CString GetError() const { return m_strError; }
 
     Failure GetFailure() const { return m_failure; }
     /// What went wrong in the last SetDoc or Load, in words; empty when it succeeded.
@@ -104,7 +104,8 @@ public:
     /// Adds an element behind the main element, or at the end of the parent's content when there is none, and
     /// makes it the main element. At document level it becomes the root, of which there is only one. Every
     /// new element stands on a line of its own, which ends with CR LF.
-    /// @param pszName  written as it is, unchecked; an element without a name (null or empty) is refused
+    /// @param pszName  written as it is, unchecked; null means empty. What is no name of XML, the empty one
+    /// included, gives a text that can not be parsed again
     /// @param pszData  its text, encoded; null or empty for none. GetData gives it back exactly, until the
     /// element gets children
     /// @return false when nothing was added and nothing has changed
@@ -280,6 +281,7 @@ private:
     void x_Link(int iPos, int iParentPos, int iAfter);
     wchar_t* x_OpenGap(int nLeft, int nReplace, int nLength);
     int x_InsertText(int iParentPos, int& nIndex, const NewElem& elem);
+    bool x_FindValue(int iPos, const wchar_t* pszAttrib, splitframe::markup::AttribNotes::Value& value) const;
     bool x_LocateAttrib(int iPos, const wchar_t* pszAttrib, int& nLeft, int& nReplace) const;
     bool x_PlanAttrib(int iPos, const wchar_t* pszAttrib, const wchar_t* pszValue, TextEdit& edit) const;
     bool x_IsTagWhole(int iPos) const;

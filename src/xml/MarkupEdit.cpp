@@ -15,17 +15,21 @@ using namespace splitframe::markup;
 
 namespace {
 
-constexpr std::wstring_view LINE_END = L"\r\n";
-
 // Positions in a tag that a raw '>' has cut may run away; they wrap around instead of overflowing.
 void Shift(int& nPos, int nShift)
 {
     nPos = static_cast<int>(static_cast<unsigned>(nPos) + static_cast<unsigned>(nShift));
 }
 
-wchar_t* Put(wchar_t* pOut, std::wstring_view text)
+wchar_t* Put(wchar_t* pOut, const CString& strText)
 {
-    return std::copy(text.begin(), text.end(), pOut);
+    return std::copy_n(strText.GetString(), strText.GetLength(), pOut);
+}
+
+// The same for literals, whose few characters are written without a call.
+template <std::size_t SIZE> wchar_t* Put(wchar_t* pOut, const wchar_t (&szText)[SIZE])
+{
+    return std::copy_n(szText, SIZE - 1, pOut);
 }
 
 int CheckedLength(long long nLength)
@@ -59,10 +63,12 @@ struct CMarkup::NewElem
 {
     DocText name;
     DocText data;
-    int nName = name.Length();
-    int nData = data.Length();
 
-    int Length() const { return CheckedLength(data.IsEmpty() ? nName + 5LL : 2LL * nName + nData + 7); }
+    int Length() const
+    {
+        const long long nName = name.Length();
+        return CheckedLength(data.IsEmpty() ? nName + 5 : 2 * nName + data.Length() + 7);
+    }
     wchar_t* Write(wchar_t* pOut) const
     {
         pOut = name.Write(Put(pOut, L"<"));
@@ -73,6 +79,7 @@ struct CMarkup::NewElem
     }
     void SetPositions(ElemPos& elem, int nLeft) const
     {
+        const int nName = name.Length();
         elem.nStartTagLeft = nLeft;
         if (data.IsEmpty()) {
             elem.nStartTagRight = nLeft + nName + 2;
@@ -80,7 +87,7 @@ struct CMarkup::NewElem
             elem.nEndTagRight = elem.nStartTagRight;
         } else {
             elem.nStartTagRight = nLeft + nName + 1;
-            elem.nEndTagLeft = elem.nStartTagRight + nData + 1;
+            elem.nEndTagLeft = elem.nStartTagRight + data.Length() + 1;
             elem.nEndTagRight = elem.nEndTagLeft + nName + 2;
         }
     }
@@ -126,7 +133,7 @@ void CMarkup::x_DocChange(int nLeft, int nReplace, const CString& strInsert)
 {
     if (&strInsert == &m_strDoc)
         return x_DocChange(nLeft, nReplace, CString(strInsert));
-    Put(x_OpenGap(nLeft, nReplace, strInsert.GetLength()), strInsert.View());
+    Put(x_OpenGap(nLeft, nReplace, strInsert.GetLength()), strInsert);
 }
 
 void CMarkup::x_Adjust(int iPos, int nShift, bool bAfterPos)
@@ -215,8 +222,7 @@ void CMarkup::x_Link(int iPos, int iParentPos, int iAfter)
 bool CMarkup::x_AddElem(const wchar_t* pszName, const wchar_t* pszData, bool bInsert, bool bAddChild)
 {
     const int iParentPos = bAddChild ? m_iMainPos : m_iParentPos;
-    if (!pszName || *pszName == 0 || (bAddChild && iParentPos == 0) ||
-        (iParentPos == 0 && m_aElemPos[0].iFirstChild != 0))
+    if (iParentPos == 0 && (bAddChild || m_aElemPos[0].iFirstChild != 0))
         return false;
     const Argument name(pszName, m_strDoc);
     const Argument data(pszData, m_strDoc);
@@ -245,17 +251,14 @@ bool CMarkup::x_AddElem(const wchar_t* pszName, const wchar_t* pszData, bool bIn
 int CMarkup::x_InsertText(int iParentPos, int& nIndex, const NewElem& elem)
 {
     const int nElem = elem.Length();
-    if (iParentPos == 0) {
+    if (iParentPos == 0) // from here on the document is a parent like others
         m_aElemPos[0].nEndTagLeft = m_strDoc.GetLength();
-        elem.Write(x_OpenGap(nIndex, 0, nElem));
-        return nElem;
-    }
     const int nTagRight = m_aElemPos[iParentPos].nStartTagRight;
     if (m_aElemPos[iParentPos].IsEmptyElement()) {
         const CString strParent = x_GetTagName(iParentPos);
         const int nLength = CheckedLength(5LL + nElem + strParent.GetLength());
         wchar_t* pOut = Put(x_OpenGap(nTagRight - 1, 1, nLength), L">\r\n"); // in place of the '/'
-        Put(Put(elem.Write(pOut), L"</"), strParent.View());
+        Put(Put(elem.Write(pOut), L"</"), strParent);
         ElemPos& parent = m_aElemPos[iParentPos];
         Shift(parent.nStartTagRight, -1);
         Shift(parent.nEndTagLeft, -1 - strParent.GetLength());
@@ -264,8 +267,8 @@ int CMarkup::x_InsertText(int iParentPos, int& nIndex, const NewElem& elem)
     }
     if (nTagRight + 1 == m_aElemPos[iParentPos].nEndTagLeft) {
         const int nLength = CheckedLength(2LL + nElem);
-        elem.Write(Put(x_OpenGap(nTagRight + 1, 0, nLength), LINE_END));
-        nIndex += 2;
+        elem.Write(Put(x_OpenGap(nTagRight + 1, 0, nLength), L"\r\n"));
+        nIndex = nTagRight + 3;
         return nLength;
     }
     elem.Write(x_OpenGap(nIndex, 0, nElem));
@@ -276,17 +279,12 @@ int CMarkup::x_InsertText(int iParentPos, int& nIndex, const NewElem& elem)
 // there
 bool CMarkup::x_LocateAttrib(int iPos, const wchar_t* pszAttrib, int& nLeft, int& nReplace) const
 {
+    AttribNotes::Value value;
+    const bool bThere = x_FindValue(iPos, pszAttrib, value);
     const ElemPos& elem = m_aElemPos[iPos];
-    TokenPos token(m_strDoc);
-    token.nScanPos = x_IsInside(elem.nStartTagLeft) ? elem.nStartTagLeft + 1 : m_strDoc.GetLength();
-    if (x_FindAttrib(token, pszAttrib)) {
-        nLeft = token.nTokenStart;
-        nReplace = token.nTokenEnd - token.nTokenStart + 1;
-        return true;
-    }
-    nLeft = elem.nStartTagRight - (elem.IsEmptyElement() ? 1 : 0);
-    nReplace = 0;
-    return false;
+    nLeft = bThere ? value.nStart : elem.nStartTagRight - (elem.IsEmptyElement() ? 1 : 0);
+    nReplace = bThere ? value.nEnd - value.nStart : 0;
+    return bThere;
 }
 
 bool CMarkup::x_SetAttrib(int iPos, const wchar_t* pszAttrib, const wchar_t* pszValue)

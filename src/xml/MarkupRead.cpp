@@ -130,30 +130,32 @@ CString CMarkup::x_GetTagName(int iPos) const
     return ScanToken(token) ? x_GetToken(token) : CString();
 }
 
-CString CMarkup::x_GetAttrib(int iPos, const wchar_t* pszAttrib) const
+// Where an attribute's value stands; with an empty name, the first attribute's name. @return whether it is
+// there
+bool CMarkup::x_FindValue(int iPos, const wchar_t* pszAttrib, AttribNotes::Value& value) const
 {
-    if (iPos == 0 || m_nMainKind != MNK_ELEMENT || !pszAttrib)
-        return CString();
-    const ElemPos& elem = m_aElemPos[iPos];
-    if (!x_IsInside(elem.nStartTagLeft))
-        return CString();
+    const int nTag = m_aElemPos[iPos].nStartTagLeft;
+    if (!x_IsInside(nTag))
+        return false;
     if (*pszAttrib != 0 && splitframe::UnitsOf(*pszAttrib) == 1) {
-        AttribNotes::Value value;
-        switch (m_notes.Find(m_strDoc, elem.nStartTagLeft, m_strDoc.GetLength(), pszAttrib, value)) {
-        case AttribNotes::Answer::Found:
-            return TextOf(m_strDoc, value.nStart, value.nEnd - value.nStart);
-        case AttribNotes::Answer::None:
-            return CString();
-        case AttribNotes::Answer::Unknown:
-            break;
-        }
+        const auto answer = m_notes.Find(m_strDoc, nTag, m_strDoc.GetLength(), pszAttrib, value);
+        if (answer != AttribNotes::Answer::Unknown)
+            return answer == AttribNotes::Answer::Found;
     }
     TokenPos token(m_strDoc);
-    token.nScanPos = elem.nStartTagLeft + 1;
+    token.nScanPos = nTag + 1;
     if (!x_FindAttrib(token, pszAttrib))
+        return false;
+    value = {token.nTokenStart, token.nTokenEnd + 1};
+    return true;
+}
+
+CString CMarkup::x_GetAttrib(int iPos, const wchar_t* pszAttrib) const
+{
+    AttribNotes::Value value;
+    if (iPos == 0 || m_nMainKind != MNK_ELEMENT || !pszAttrib || !x_FindValue(iPos, pszAttrib, value))
         return CString();
-    return x_TextFromDoc(token.nTokenStart,
-                         token.nTokenEnd - (token.nTokenEnd < m_strDoc.GetLength() ? 0 : 1));
+    return TextOf(m_strDoc, value.nStart, value.nEnd - value.nStart);
 }
 
 bool CMarkup::x_FindAttrib(TokenPos& token, const wchar_t* pszAttrib) const

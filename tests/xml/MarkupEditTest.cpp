@@ -34,6 +34,8 @@ TEST(MarkupEdit, WritesElementsAndAttributes)
         {"a root", L"", [](COpenMarkup& m) { return m.AddElem(L"r"); }, L"<r/>\r\n"},
         {"a root behind a declaration", L"<?xml?>\r\n", [](COpenMarkup& m) { return m.AddElem(L"r", L"x"); },
          L"<?xml?>\r\n<r>x</r>\r\n"},
+        {"a root behind a single character", L"x", [](COpenMarkup& m) { return m.AddElem(L"r"); },
+         L"x\r\n<r/>\r\n"},
         {"a second root", L"<r/>", [](COpenMarkup& m) { return m.AddElem(L"r"); }, nullptr},
         {"a child opens an empty parent", L"<r/>", child(L"x"), L"<r>\r\n<x/>\r\n</r>"},
         {"the parent keeps its attributes", L"<r[1] a='/'/>", child(L"x", L"d"),
@@ -60,8 +62,6 @@ TEST(MarkupEdit, WritesElementsAndAttributes)
          L"<a><b/><x/>\r\n<c/></a>"},
         {"data is encoded, quotes are not", L"<a></a>", child(L"x", L"<&>'\""),
          L"<a>\r\n<x>&lt;&amp;&gt;'\"</x>\r\n</a>"},
-        {"no element without a name", L"<a/>", child(L""), nullptr},
-        {"no element with a null name", L"<a/>", child(nullptr), nullptr},
         {"a new attribute", L"<a/>", set(L"x", L"<&>'\""), L"<a x=\"&lt;&amp;&gt;&apos;&quot;\"/>"},
         {"a second attribute", L"<a x='1'></a>", set(L"y", nullptr), L"<a x='1' y=\"\"></a>"},
         {"an attribute changes between its own quotes", L"<a x = '1' y='2'/>", set(L"x", L"it's"),
@@ -79,6 +79,9 @@ TEST(MarkupEdit, WritesElementsAndAttributes)
         EXPECT_EQ(markup.GetDoc().ToUtf8(), CString(c.after ? c.after : c.before).ToUtf8());
         ExpectExact(markup);
     }
+    CMarkup unnamed; // names are not checked
+    EXPECT_TRUE(unnamed.AddElem(nullptr, L"x"));
+    EXPECT_TRUE(unnamed.GetDoc() == L"<>x</>\r\n");
 }
 
 TEST(MarkupEdit, MovesTheCursorsToWhatIsNew)
@@ -140,12 +143,14 @@ TEST(MarkupEdit, CopiesKeepTextTableAndCursors)
 TEST(MarkupEdit, TakesItsOwnTextAsNameAndValue)
 {
     COpenMarkup markup(L"<a b='1'>text</a>");
+    const CString& strDoc = markup.m_strDoc;
+    EXPECT_TRUE(markup.SetDoc(strDoc));
     markup.FindElem();
-    EXPECT_TRUE(markup.SetAttrib(L"b", markup.GetDoc()));
+    EXPECT_TRUE(markup.SetAttrib(L"b", strDoc));
     EXPECT_TRUE(markup.GetAttrib(L"b") == L"<a b='1'>text</a>");
-    EXPECT_TRUE(markup.AddChildElem(L"c", markup.GetDoc().GetString() + 1));
-    markup.x_DocChange(0, 0, markup.GetDoc());
-    ExpectExact(COpenMarkup(markup.GetDoc()));
+    EXPECT_TRUE(markup.AddChildElem(L"c", strDoc.GetString() + 1));
+    markup.x_DocChange(0, 0, strDoc);
+    ExpectExact(COpenMarkup(strDoc));
     markup.x_DocChange(-5, 1 << 30, L"<a/>");
     EXPECT_TRUE(markup.GetDoc() == L"<a/>");
 }

@@ -192,42 +192,6 @@ TEST(Markup, CursorsMove)
     EXPECT_TRUE(markup.GetTagName() == L"b");
 }
 
-TEST(Markup, SetsTheTableUp)
-{
-    COpenMarkup markup;
-    EXPECT_EQ(markup.m_aElemPos.GetSize(), 8);
-    EXPECT_EQ(markup.m_iNextFree, 1);
-    markup.SetDoc(L"<a><b>x</b><c/></a>");
-    EXPECT_EQ(markup.m_iNextFree, 4);
-    EXPECT_EQ(markup.Entry(1), "0-2 15-18 parent 0 child 2 next 0");
-    EXPECT_EQ(markup.Entry(2), "3-5 7-10 parent 1 child 0 next 3");
-    EXPECT_EQ(markup.Entry(3), "11-14 13-14 parent 1 child 0 next 0");
-    markup.SetDoc(CString(L'x', 640));
-    EXPECT_EQ(markup.m_aElemPos.GetSize(), 18);
-    markup.SetDoc(nullptr);
-    EXPECT_EQ(markup.m_aElemPos.GetSize(), 18); // never shrinks
-    EXPECT_FALSE(markup.IsWellFormed());
-}
-
-TEST(Markup, KeepsTheLastErrorUntilTheNext)
-{
-    CMarkup markup(L"<a>");
-    EXPECT_TRUE(markup.SetDoc(L"<a/>"));
-    EXPECT_TRUE(markup.GetError() == L"BaseUnit tag not found");
-    EXPECT_EQ(markup.GetFailure(), CMarkup::Failure::None);
-    EXPECT_FALSE(markup.SetDoc(L"</a>"));
-    EXPECT_TRUE(markup.GetError() == L"BaseUnit tag not found");
-    EXPECT_TRUE(markup.GetFailureText() == L"End tag without a start tag");
-}
-
-TEST(Markup, SetsItsOwnTextAgain)
-{
-    CMarkup markup(L"<a>text</a>");
-    EXPECT_TRUE(markup.SetDoc(markup.GetDoc()));
-    EXPECT_TRUE(markup.SetDoc(markup.GetDoc().GetString()));
-    EXPECT_TRUE(markup.GetDoc() == L"<a>text</a>");
-}
-
 TEST(Markup, RefusesEntriesOutsideTheTable)
 {
     COpenMarkup markup(L"<a/>");

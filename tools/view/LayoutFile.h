@@ -32,7 +32,7 @@ public:
     const FileStamp& GetStamp() const { return m_stamp; }
 
     /// The text as it was parsed.
-    const CString& GetText() const { return m_markup.GetDoc(); }
+    CString GetText() const { return m_markup.GetDoc(); }
 
     /// The text as elements; whoever moves its cursors leaves none set.
     CMarkup& GetMarkup() { return m_markup; }
