@@ -5,9 +5,10 @@
 // entities that a document declares are not expanded, they stay in the text as they are written ("&name;");
 // the five predefined ones and numbers are. White space that stands alone between two tags is dropped.
 //
-// A document is well-formed with one root element, no text beside it, and no attribute twice in an element;
-// anything else is not loaded and leaves the document empty. Nodes stay what they are when their document is
-// loaded anew or released.
+// A document is well-formed with one root element and no text beside it; anything else is not loaded and
+// leaves the document empty. Of an attribute that an element has twice the first one is found: to look for
+// such would take as long as all of the parsing. Nodes stay what they are when their document is loaded anew
+// or released.
 #pragma once
 
 #include "platform/dom/Component.h"

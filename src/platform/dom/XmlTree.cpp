@@ -1,10 +1,6 @@
-// Parsing with the checks that the XML library leaves out: one root and nothing but blanks beside it, no
-// attribute twice, no zeros. All walks go along the nodes' own links: documents may be of any depth.
+// Parsing with the cheap checks that the XML library leaves out: one root and nothing but blanks beside it,
+// no zeros. Walks go along the nodes' own links: documents may be of any depth.
 #include "platform/dom/internal/XmlTree.h"
-
-#include <algorithm>
-#include <string_view>
-#include <vector>
 
 namespace splitframe {
 namespace {
@@ -30,28 +26,6 @@ bool HasOneRoot(const pugi::xml_node& top)
     return nRoots == 1;
 }
 
-bool HasAttributeTwice(const pugi::xml_node& element, std::vector<std::string_view>& arrName)
-{
-    const pugi::xml_attribute first = element.first_attribute();
-    if (!first || !first.next_attribute())
-        return false;
-    arrName.clear();
-    for (pugi::xml_attribute attribute = first; attribute; attribute = attribute.next_attribute())
-        arrName.emplace_back(attribute.name());
-    std::sort(arrName.begin(), arrName.end());
-    return std::adjacent_find(arrName.begin(), arrName.end()) != arrName.end();
-}
-
-bool HasAttributeTwiceAnywhere(const pugi::xml_node& top)
-{
-    std::vector<std::string_view> arrName;
-    for (pugi::xml_node node = top; node; node = Next(node, top)) {
-        if (HasAttributeTwice(node, arrName))
-            return true;
-    }
-    return false;
-}
-
 } // namespace
 
 std::shared_ptr<const XmlTree> XmlTree::Parse(std::string&& text)
@@ -66,7 +40,7 @@ std::shared_ptr<const XmlTree> XmlTree::Parse(std::string&& text)
         pugi::encoding_utf8);
     if (result.status == pugi::status_out_of_memory)
         throw std::bad_alloc();
-    if (!result || !HasOneRoot(pTree->Top()) || HasAttributeTwiceAnywhere(pTree->Top()))
+    if (!result || !HasOneRoot(pTree->Top()))
         return nullptr;
     return pTree;
 }
