@@ -5,17 +5,17 @@
 
 namespace {
 
+// The last eight bytes of a GUID stand in their order, as those of a little-endian number do.
 void Write(CArchive& ar, const GUID& guid)
 {
-    ar << guid.Data1 << guid.Data2 << guid.Data3;
-    ar.Write(guid.Data4, sizeof(guid.Data4));
+    ar << guid.Data1 << guid.Data2 << guid.Data3 << splitframe::GetLittleEndian<std::uint64_t>(guid.Data4);
 }
 
 void Read(CArchive& ar, GUID& guid)
 {
-    ar >> guid.Data1 >> guid.Data2 >> guid.Data3;
-    for (BYTE& byte : guid.Data4)
-        ar >> byte;
+    std::uint64_t nLast = 0;
+    ar >> guid.Data1 >> guid.Data2 >> guid.Data3 >> nLast;
+    splitframe::PutLittleEndian(guid.Data4, nLast);
 }
 
 } // namespace

@@ -4,6 +4,8 @@
 #include "definition/UnitInfo.h"
 #include "unit/BaseUnitWnd.h"
 
+#include <bit>
+
 namespace splitframe {
 
 CBaseUnitWnd* FindUnit(const CArray<CBaseUnitWnd*, CBaseUnitWnd*>& arrUnit, const CString& strName)
@@ -30,16 +32,29 @@ CBaseUnitWnd* UnitNames::Find(const CString& strName) const
 }
 
 RecordNames::RecordNames(const CArray<CBaseUnitInfo*, CBaseUnitInfo*>& arrInfo)
+    : m_arrSlot(std::bit_ceil(2 * static_cast<std::size_t>(arrInfo.GetSize()) + 1))
 {
-    m_mapInfo.reserve(static_cast<std::size_t>(arrInfo.GetSize()));
-    for (CBaseUnitInfo* pInfo : arrInfo)
-        m_mapInfo.try_emplace(pInfo->m_strName.View(), pInfo);
+    for (CBaseUnitInfo* pInfo : arrInfo) {
+        CBaseUnitInfo*& pSlot = m_arrSlot[SlotOf(pInfo->m_strName.View())];
+        if (!pSlot)
+            pSlot = pInfo;
+    }
+}
+
+// Where the record of that name stands, or where it would go.
+std::size_t RecordNames::SlotOf(std::wstring_view name) const
+{
+    const std::size_t nMask = m_arrSlot.size() - 1;
+    const std::hash<std::wstring_view> hash;
+    std::size_t n = hash(name) & nMask;
+    while (m_arrSlot[n] && m_arrSlot[n]->m_strName.View() != name)
+        n = (n + 1) & nMask;
+    return n;
 }
 
 CBaseUnitInfo* RecordNames::Find(const CString& strName) const
 {
-    const auto it = m_mapInfo.find(strName.View());
-    return it == m_mapInfo.end() ? nullptr : it->second;
+    return m_arrSlot.empty() ? nullptr : m_arrSlot[SlotOf(strName.View())];
 }
 
 LineNames::LineNames(const CBaseFrameStyle& style)

@@ -39,7 +39,11 @@ public:
     CBaseUnitInfo* Find(const CString& strName) const;
 
 private:
-    std::unordered_map<std::wstring_view, CBaseUnitInfo*> m_mapInfo; // names stand in the records
+    std::size_t SlotOf(std::wstring_view name) const;
+
+    // A record stands where the hash of its name says, or in the next slot that was free. The number of slots
+    // is a power of two, and half of them stay free. No nodes: archives of many units are read through this.
+    std::vector<CBaseUnitInfo*> m_arrSlot;
 };
 
 /// The split lines of a style.

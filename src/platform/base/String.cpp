@@ -188,9 +188,19 @@ CString::CString(Units, const wchar_t* pUnits, int nLength) : CString()
     AppendUnits(pUnits, nLength);
 }
 
+// Most texts are short: those are copied while their end is sought.
 CString::CString(const wchar_t* psz) : CString()
 {
-    AppendSplit(psz, LengthOf(psz));
+    if (!psz)
+        return;
+    int n = 0;
+    for (; n < SHORT_CAPACITY && psz[n] != 0 && UnitsOf(psz[n]) == 1; ++n)
+        m_szShort[n] = psz[n];
+    m_szShort[psz[n] == 0 ? n : 0] = 0;
+    if (psz[n] == 0)
+        m_nLength = n;
+    else
+        AppendSplit(psz, std::wcslen(psz));
 }
 
 CString::CString(const wchar_t* psz, int nLength) : CString()

@@ -122,6 +122,17 @@ public:
     }
 
 private:
+    friend SPLITFRAME_PLATFORM_API CArchive& operator>>(CArchive& ar, CString& str);
+
+    // The next bytes, where they lie in the buffer; null when not all of them do, and then nothing is taken.
+    const BYTE* TakeBuffered(UINT nCount)
+    {
+        if (!m_bLoading || static_cast<std::size_t>(m_pEnd - m_pAt) < nCount)
+            return nullptr;
+        const BYTE* pBytes = m_pAt;
+        m_pAt += nCount;
+        return pBytes;
+    }
     CFile& NeedFile() const;
     void WriteBuffer();
     void MakeRoom();

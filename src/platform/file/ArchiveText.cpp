@@ -28,6 +28,16 @@ void ReadBytes(CArchive& ar, BYTE* pTo, UINT nCount)
         ThrowEndOfFile(ar);
 }
 
+// Puts units into a text behind its first nLength ones.
+void TakeUnits(CString& str, UINT nLength, const BYTE* pFrom, UINT nUnits)
+{
+    const int nNewLength = static_cast<int>(nLength + nUnits);
+    wchar_t* pTo = str.GetBuffer(nNewLength) + nLength;
+    for (UINT i = 0; i < nUnits; ++i)
+        pTo[i] = splitframe::GetLittleEndian<WORD>(pFrom + std::size_t{2} * i);
+    str.ReleaseBufferSetLength(nNewLength);
+}
+
 CString ReadWide(CArchive& ar, UINT nLength)
 {
     CString str;
@@ -35,11 +45,8 @@ CString ReadWide(CArchive& ar, UINT nLength)
     for (UINT nRead = 0; nRead < nLength;) {
         const UINT nUnits = std::min(nLength - nRead, PIECE / 2);
         ReadBytes(ar, arrByte, nUnits * 2);
-        wchar_t* pTo = str.GetBuffer(static_cast<int>(nRead + nUnits)) + nRead;
-        for (UINT i = 0; i < nUnits; ++i)
-            pTo[i] = splitframe::GetLittleEndian<WORD>(arrByte + std::size_t{2} * i);
+        TakeUnits(str, nRead, arrByte, nUnits);
         nRead += nUnits;
-        str.ReleaseBufferSetLength(static_cast<int>(nRead));
     }
     return str;
 }
@@ -118,6 +125,12 @@ CArchive& operator>>(CArchive& ar, CString& str)
     // No text is longer than its positions can count, whatever is in the file.
     if (nLength > static_cast<UINT>(std::numeric_limits<int>::max() - 1))
         ThrowEndOfFile(ar);
+    if (nCharSize == 2) {
+        if (const BYTE* pBytes = ar.TakeBuffered(nLength * 2)) { // as nearly always: texts are short
+            TakeUnits(str, 0, pBytes, nLength);
+            return ar;
+        }
+    }
     str = nCharSize == 2 ? ReadWide(ar, nLength) : ReadNarrow(ar, nLength);
     return ar;
 }
