@@ -23,6 +23,11 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     add_compile_options(-fno-gnu-unique)
 endif()
 
+# No program is meant to put functions of its own in the place of the libraries': so these may call each other directly.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    add_compile_options($<$<CONFIG:Release>:-fno-semantic-interposition>)
+endif()
+
 # GCC 12 sees overlapping copies in the standard library's own string concatenation when it inlines deeply.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     add_compile_options(-Wno-restrict)
