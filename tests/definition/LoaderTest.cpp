@@ -251,13 +251,6 @@ TEST(Loader, TellsFaultsWithTheirPlace)
     EXPECT_EQ(strXml.substr(static_cast<std::size_t>(dropped.nPosition), 22), L"<BaseUnit NAME=\"ghost\"");
 }
 
-TEST(Loader, AUsableTextTellsNothing)
-{
-    const Loaded loaded(
-        LayoutXml(GlobalXml(L"g") + FrameXml(L"F", L"a b", {{L"S", L"a b", L"m V a r;r H b g"}})));
-    EXPECT_EQ(loaded.Faults(), std::vector<std::string>());
-}
-
 TEST(Loader, UnknownHelpersGetTheDefault)
 {
     const Loaded loaded(LayoutXml(FrameXml(L"F", L"", {})));
@@ -290,33 +283,6 @@ TEST(Loader, EveryPrefixOfAGoodTextEnds)
             EXPECT_EQ(loaded.arrFault.size(), 1U);
             EXPECT_FALSE(loaded.result.strError.IsEmpty());
         }
-    }
-}
-
-// The same text with elements and values left out, doubled and moved at random: whatever comes of it, it
-// ends.
-TEST(Loader, ShuffledElementsEnd)
-{
-    const std::wstring strXml =
-        LayoutXml(GlobalXml(L"g") + FrameXml(L"F", L"a b", {{L"S", L"a b g", L"m V a r;r H b g"}}));
-    std::vector<std::wstring> arrPiece{L""};
-    for (const wchar_t ch : strXml) {
-        if (ch == L'<')
-            arrPiece.emplace_back();
-        arrPiece.back() += ch;
-    }
-    unsigned nSeed = 1;
-    const auto next = [&] { return (nSeed = nSeed * 1664525U + 1013904223U) >> 8U; };
-    for (int i = 0; i < 2000; ++i) {
-        std::wstring strText;
-        for (const std::wstring& strPiece : arrPiece) {
-            const unsigned nWhat = next() % 40;
-            if (nWhat == 1)
-                strText += arrPiece[next() % arrPiece.size()];
-            if (nWhat != 0)
-                strText += strPiece;
-        }
-        const Loaded loaded(L"<x>" + strText + L"</x></x></x>");
     }
 }
 

@@ -47,6 +47,10 @@ TEST(Document, InitAppends)
     definition.Init(L"G", &pInfo, 0, &pStyle, -1);
     EXPECT_EQ(definition.m_strName, CString(L"G"));
     EXPECT_EQ(definition.GetBaseUnitInfoCount(), 1);
+    for (const wchar_t* pszCaption : {L"G", L"S"}) // the frame and its styles
+        EXPECT_TRUE(definition.FindCaption(pszCaption));
+    EXPECT_FALSE(definition.FindCaption(L"s"));
+    EXPECT_STREQ(definition.GetCurrentStyleName(), L"S");
     EXPECT_THROW(definition.Init(L"F", definition.m_arrBaseUnitInfo, definition.m_arrStyle),
                  CInvalidArgException*);
     EXPECT_THROW(definition.Init(&definition), CInvalidArgException*);
@@ -62,18 +66,6 @@ TEST(Document, InitAppends)
     EXPECT_THROW(opened.GetBaseUnitInfo(2), CInvalidArgException*);
     EXPECT_THROW(opened.GetBaseUnitWnd(CPoint(0, 0)), CInvalidArgException*);
     EXPECT_THROW(opened.Create(nullptr), CInvalidArgException*);
-}
-
-TEST(Document, CaptionsAreTheFrameAndItsStyles)
-{
-    FrameHost host;
-    host.Load(LayoutXml(FrameXml(L"F", L"", {{L"S", L"", L""}, {L"T", L"", L""}})));
-    CBaseFrameDoc* pDoc = host.m_pMain->FindBaseFrameDoc(L"F");
-    EXPECT_TRUE(pDoc->FindCaption(L"F"));
-    EXPECT_TRUE(pDoc->FindCaption(L"T"));
-    EXPECT_FALSE(pDoc->FindCaption(L"t"));
-    EXPECT_STREQ(pDoc->GetCurrentStyleName(), L"S");
-    EXPECT_EQ(host.m_pMain->FindBaseFrameDoc(L"f"), nullptr);
 }
 
 TEST(Document, TheHelperServesTheOpenedDocumentWhileThereIsOne)

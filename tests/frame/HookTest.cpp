@@ -1,6 +1,5 @@
 // Hosts' hooks that do what they should not: close their frame, open others, delete units, throw. Every test
 // ends with nothing left and with frames that open and close as before.
-#include "layout/CheckTree.h"
 #include "platform/window/WindowManager.h"
 #include "support/FrameHost.h"
 
@@ -8,126 +7,214 @@ using namespace test;
 
 namespace {
 
+// Frame A: a and b are carried from S to T by ID, c and d are not; g stands in S and T, h in T only.
 std::wstring Frames()
 {
-    return LayoutXml(GlobalXml(L"g") + FrameXml(L"A", L"a b", {{L"A1", L"a b g", L"m V a r;r H b g"}}) +
-                     FrameXml(L"B", L"c d", {{L"B1", L"c d", L"m V c d"}}));
+    return LayoutXml(GlobalXml(L"g h") +
+                     FrameXml(L"A", L"a b c d",
+                              {{L"S", L"a=ID=1 b=ID=2 c g", L"m V a r;r H b q 0.25;q V c g"},
+                               {L"T", L"b=ID=2 d g h a=ID=1", L"m H b r 0.25;r V d q;q H g s;s V h a"},
+                               {L"U", L"d=ID=2 c h", L""}}) +
+                     FrameXml(L"B", L"e", {{L"B1", L"e g", L"m V e g"}}));
 }
 
-// The moments at which a unit of frame A is called.
-const char* const MOMENTS[] = {"a.Create", "a.Init",  "a.Focus",   "a.Active1", "a.Use1",    "a.Size",
-                               "a.Draw",   "a.Click", "a.Active0", "a.Key70",   "a.Destroy", "a.Use0",
-                               "b.Create", "b.Init",  "b.Size",    "b.Use1"};
-
-// Goes through all moments.
-void LiveThrough(FrameHost& host)
+CFrameWnd* FrameA(FrameHost& host)
 {
-    host.Open(L"A1");
-    if (CBaseUnitWnd* pUnit = host.Unit(L"a")) {
-        pUnit->SendMessage(WM_LBUTTONDOWN);
-        host.Settle();
+    for (int i = 0; i < host.m_pTemplate->GetDocumentCount(); ++i) {
+        auto* pDoc = DynamicDownCast<CBaseFrameDoc>(host.m_pTemplate->GetDocument(i));
+        if (pDoc && pDoc->m_strName == L"A" && pDoc->m_pView)
+            return pDoc->m_pView->GetParentFrame();
     }
-    if (CBaseUnitWnd* pUnit = host.Unit(L"a"))
-        pUnit->SendMessage(WM_KEYDOWN, 'F');
-    host.Settle();
-    host.Open(L"B1");
-    host.Open(L"A1");
-    host.CloseActive();
+    return nullptr;
 }
 
-void ExpectUsable(FrameHost& host)
+void CloseA(FrameHost& host)
 {
-    Log().hooks.clear();
-    if (!host.m_app.m_pMainWnd)
-        return;
-    CBaseFrameDoc* pDoc = host.Open(L"A1");
-    ASSERT_TRUE(pDoc);
-    EXPECT_EQ(pDoc->m_strName, CString(L"A"));
-    if (pDoc->m_pRoot) {
-        EXPECT_EQ(splitframe::CheckTree(*pDoc->m_pRoot), "");
-    }
-    host.CloseActive();
-    host.Open(L"A1");
-    EXPECT_TRUE(host.Unit(L"a"));
-    EXPECT_TRUE(host.Unit(L"b"));
-    EXPECT_EQ(host.m_pMain->FindGlobalBaseUnitWnd(L"g")->GetParent(), host.ActiveView());
-    EXPECT_EQ(splitframe::CheckWindowTree(), CString());
+    if (CFrameWnd* pFrame = FrameA(host))
+        pFrame->SendMessage(WM_CLOSE);
 }
+
+void DestroyA(FrameHost& host)
+{
+    if (CFrameWnd* pFrame = FrameA(host))
+        pFrame->DestroyWindow();
+}
+
+// What is done at some moment of a frame, and when: from its making to its end, or in a switch only.
+struct Life
+{
+    const char* what;
+    std::vector<const char*> arrMoment;
+    std::function<void(FrameHost&)> before;
+    std::function<void(FrameHost&)> live;
+};
+
+const Life LIVES[] = {
+    {"open, work, close",
+     {"a.Create", "a.InitID=1", "a.Focus", "a.Active1", "a.Use1", "a.Size", "a.Draw", "a.Click", "a.Active0",
+      "a.Key70", "a.Destroy", "a.Use0", "b.Create", "b.InitID=2", "b.Size", "b.Use1"},
+     [](FrameHost&) {},
+     [](FrameHost& host) {
+         host.Open(L"S");
+         for (const UINT nMsg : {WM_LBUTTONDOWN, WM_KEYDOWN}) {
+             if (CBaseUnitWnd* pUnit = host.Unit(L"a"))
+                 pUnit->SendMessage(nMsg, 'F');
+             host.Settle();
+         }
+         host.Open(L"B1");
+         host.Open(L"S");
+         host.CloseActive();
+     }},
+    {"switch",
+     {"g.HandleA", "c.Show0", "c.Style0", "b.Style0", "d.Create", "d.Init", "d.Size", "h.Size", "b.Style1",
+      "b.Focus", "b.Command16,0", "a.Style1", "a.Size", "d.Use1", "helper.StyleInitial",
+      "helper.CalcWindowRect"},
+     [](FrameHost& host) { host.Open(L"S"); },
+     [](FrameHost& host) { host.ActiveDoc()->ChangeStyle(1, true); }},
+};
 
 struct Deed
 {
     const char* what;
-    std::function<void(FrameHost&, CBaseUnitWnd*)> run;
+    std::function<void(FrameHost&, const CBaseUnitWnd* pCaller)> run;
+    bool bFrameStays = true; // A can be opened with all its units again
 };
 
 const Deed DEEDS[] = {
-    {"close the frame",
-     [](FrameHost&, CBaseUnitWnd* pUnit) {
-         if (CFrameWnd* pFrame = pUnit->GetParentFrame())
-             pFrame->SendMessage(WM_CLOSE);
+    {"close the frame", [](FrameHost& host, const CBaseUnitWnd*) { CloseA(host); }},
+    {"destroy the frame", [](FrameHost& host, const CBaseUnitWnd*) { DestroyA(host); }},
+    {"open another frame",
+     [](FrameHost& host, const CBaseUnitWnd*) { host.m_pMain->OnBaseFrameOpen(L"B1"); }},
+    {"open its own frame", [](FrameHost& host, const CBaseUnitWnd*) { host.m_pMain->OnBaseFrameOpen(L"S"); }},
+    {"close and open again",
+     [](FrameHost& host, const CBaseUnitWnd*) {
+         CloseA(host);
+         host.m_pMain->OnBaseFrameOpen(L"T");
      }},
-    {"destroy the frame",
-     [](FrameHost& host, CBaseUnitWnd* pUnit) {
-         CFrameWnd* pFrame = pUnit->GetParentFrame();
-         if (pFrame && pFrame != host.m_pMain)
-             pFrame->DestroyWindow();
+    {"switch on",
+     [](FrameHost& host, const CBaseUnitWnd*) {
+         if (host.ActiveDoc() && host.ActiveDoc()->m_strName == L"A")
+             host.ActiveDoc()->ChangeStyle(2, true);
      }},
-    {"open another frame", [](FrameHost&, CBaseUnitWnd* pUnit) { pUnit->OpenBaseFrame(L"B1"); }},
-    {"open its own frame", [](FrameHost&, CBaseUnitWnd* pUnit) { pUnit->OpenBaseFrame(L"A1"); }},
-    {"close its frame and open it again",
-     [](FrameHost& host, CBaseUnitWnd* pUnit) {
-         CFrameWnd* pFrame = pUnit->GetParentFrame();
-         if (pFrame && pFrame != host.m_pMain)
-             pFrame->SendMessage(WM_CLOSE);
-         host.m_pMain->OnBaseFrameOpen(L"A1");
+    {"switch back",
+     [](FrameHost& host, const CBaseUnitWnd*) {
+         if (host.ActiveDoc())
+             host.ActiveDoc()->ChangeStyle(L"S");
      }},
-    {"destroy its window", [](FrameHost&, CBaseUnitWnd* pUnit) { pUnit->DestroyWindow(); }},
-    {"delete the other unit",
-     [](FrameHost& host, CBaseUnitWnd* pUnit) {
-         CBaseUnitWnd* pOther = host.Unit(pUnit->m_strName == L"a" ? L"b" : L"a");
-         if (pOther != pUnit)
-             delete pOther;
+    {"delete the other units",
+     [](FrameHost& host, const CBaseUnitWnd* pCaller) {
+         for (const wchar_t* pszName : {L"a", L"b", L"c", L"d"}) {
+             CBaseUnitWnd* pUnit = host.Unit(pszName);
+             if (pUnit != pCaller)
+                 delete pUnit;
+         }
      }},
-    {"delete the global unit",
-     [](FrameHost& host, CBaseUnitWnd*) { delete host.m_pMain->FindGlobalBaseUnitWnd(L"g"); }},
-    {"lay the frame out again",
-     [](FrameHost& host, CBaseUnitWnd*) {
-         if (CBaseFrameChildWnd* pFrame = host.ActiveFrame())
-             pFrame->RecalcLayout();
+    {"destroy the units' windows",
+     [](FrameHost& host, const CBaseUnitWnd*) {
+         for (const wchar_t* pszName : {L"a", L"b", L"c", L"d"}) {
+             if (CBaseUnitWnd* pUnit = host.Unit(pszName))
+                 pUnit->DestroyWindow();
+         }
      }},
-    {"throw an int", [](FrameHost&, CBaseUnitWnd*) { throw 1; }},
-    {"throw an exception object", [](FrameHost&, CBaseUnitWnd*) { AfxThrowInvalidArgException(); }},
-    {"close the main window", [](FrameHost& host, CBaseUnitWnd*) { host.m_pMain->SendMessage(WM_CLOSE); }},
-    {"destroy the main window", [](FrameHost& host, CBaseUnitWnd*) { host.m_pMain->DestroyWindow(); }},
+    {"delete a global unit",
+     [](FrameHost& host, const CBaseUnitWnd* pCaller) {
+         CBaseUnitWnd* pUnit = host.m_pMain->FindGlobalBaseUnitWnd(L"g");
+         if (pUnit != pCaller)
+             delete pUnit;
+     },
+     false},
+    {"clear the definition",
+     [](FrameHost& host, const CBaseUnitWnd*) { host.m_pMain->FindBaseFrameDoc(L"A")->Clear(); }, false},
+    {"lay the frame out",
+     [](FrameHost& host, const CBaseUnitWnd*) {
+         if (host.ActiveFrame())
+             host.ActiveFrame()->RecalcLayout();
+         if (host.ActiveDoc() && host.ActiveDoc()->m_pRoot)
+             host.ActiveDoc()->m_pRoot->ModifyWindow();
+     }},
+    {"throw an int", [](FrameHost&, const CBaseUnitWnd*) { throw 1; }},
+    {"throw an exception object", [](FrameHost&, const CBaseUnitWnd*) { AfxThrowInvalidArgException(); }},
+    {"close the main window",
+     [](FrameHost& host, const CBaseUnitWnd*) { host.m_pMain->SendMessage(WM_CLOSE); }, false},
+    {"destroy the main window", [](FrameHost& host, const CBaseUnitWnd*) { host.m_pMain->DestroyWindow(); },
+     false},
 };
+
+// Frames open and close as before, nothing is left of them, and the global units are there.
+void ExpectUsable(FrameHost& host)
+{
+    host.Open(L"B1");
+    CBaseFrameDoc* pDoc = host.Open(L"S");
+    ASSERT_TRUE(pDoc);
+    EXPECT_EQ(pDoc->m_strName, CString(L"A"));
+    host.ExpectSound();
+    host.CloseActive();
+    host.Open(L"S");
+    for (const wchar_t* pszName : {L"a", L"b", L"c"})
+        EXPECT_TRUE(host.Unit(pszName));
+    EXPECT_EQ(host.m_pMain->FindGlobalBaseUnitWnd(L"g")->GetParent(), host.ActiveView());
+    host.ExpectSound();
+    host.CloseActive();
+    host.CloseActive();
+    EXPECT_EQ(Log().nUnits, 2);
+}
+
+void TryOut(const Life& life, const char* pszMoment, const Deed& deed)
+{
+    FrameHost host;
+    host.Load(Frames());
+    life.before(host);
+    int nRuns = 0;
+    Log().hooks[pszMoment] = [&](const CBaseUnitWnd* pCaller) {
+        // A frame that reopens itself each time it is made or activated would do so for ever.
+        if (++nRuns <= 2 && host.m_app.m_pMainWnd)
+            deed.run(host, pCaller);
+    };
+    try {
+        life.live(host);
+    } catch (int) {
+        EXPECT_STREQ(deed.what, "throw an int");
+    } catch (CException* pException) {
+        pException->Delete();
+        EXPECT_STREQ(deed.what, "throw an exception object");
+    }
+    EXPECT_GT(nRuns, 0);
+    host.Settle();
+    Log().hooks.clear();
+    if (!host.m_app.m_pMainWnd)
+        return;
+    host.ExpectSound();
+    if (deed.bFrameStays)
+        ExpectUsable(host);
+}
 
 } // namespace
 
 TEST(Hooks, MayDoAnythingAtAnyMoment)
 {
-    for (const Deed& deed : DEEDS) {
-        for (const char* pszMoment : MOMENTS) {
-            SCOPED_TRACE(std::string(deed.what) + " in " + pszMoment);
-            FrameHost host;
-            host.Load(Frames());
-            int nRuns = 0;
-            Log().hooks[pszMoment] = [&](CBaseUnitWnd* pUnit) {
-                // A frame that reopens itself each time it is made or activated would do so for ever.
-                if (++nRuns <= 2 && host.m_app.m_pMainWnd)
-                    deed.run(host, pUnit);
-            };
-            try {
-                LiveThrough(host);
-            } catch (int) {
-                EXPECT_STREQ(deed.what, "throw an int");
-            } catch (CException* pException) {
-                pException->Delete();
-                EXPECT_STREQ(deed.what, "throw an exception object");
+    for (const Life& life : LIVES) {
+        for (const Deed& deed : DEEDS) {
+            for (const char* pszMoment : life.arrMoment) {
+                SCOPED_TRACE(std::string(life.what) + ": " + deed.what + " in " + pszMoment);
+                TryOut(life, pszMoment, deed);
             }
-            if (std::string(deed.what) != "delete the global unit")
-                ExpectUsable(host);
         }
     }
+}
+
+TEST(Hooks, AGlobalUnitWhoseHidingClosesTheAdoptingFrameStaysWhereItWas)
+{
+    FrameHost host;
+    host.Load(Frames());
+    CBaseFrameDoc* pB = host.Open(L"B1");
+    const std::string strPanes = host.Panes();
+    Log().hooks["g.Hidden"] = [&](CBaseUnitWnd*) { DestroyA(host); };
+    host.Open(L"S");
+    EXPECT_EQ(host.OpenFrames(), "B");
+    EXPECT_EQ(host.ActiveDoc(), pB);
+    EXPECT_EQ(host.m_pMain->FindGlobalBaseUnitWnd(L"g")->GetParent(), pB->m_pView);
+    EXPECT_EQ(host.Panes(), strPanes);
+    host.ExpectSound();
 }
 
 TEST(Hooks, AUnitDeletesItselfInAHandler)
@@ -135,11 +222,10 @@ TEST(Hooks, AUnitDeletesItselfInAHandler)
     // Only where the library does not call into the unit itself afterwards: messages of its own.
     FrameHost host;
     host.Load(Frames());
-    host.Open(L"A1");
+    host.Open(L"S");
     delete host.Unit(L"a");
-    EXPECT_EQ(host.ActiveDoc()->GetBaseUnitWndCount(), 1);
-    EXPECT_EQ(host.ActiveDoc()->m_arrBaseUnitWndID.GetSize(), 1);
-    EXPECT_EQ(splitframe::CheckTree(*host.ActiveDoc()->m_pRoot), "");
+    EXPECT_EQ(host.ActiveDoc()->GetBaseUnitWndCount(), 2);
+    host.ExpectSound();
     host.ActiveFrame()->RecalcLayout();
     EXPECT_EQ(host.Panes().find("a "), std::string::npos);
     ExpectUsable(host);
@@ -191,7 +277,7 @@ TEST(Hooks, ATemplateThatThrowsLeavesNothing)
     host.m_pMain->m_pDocTemplate = pTemplate;
     for (const bool bAfterwards : {false, true}) {
         pTemplate->m_bAfterwards = bAfterwards;
-        EXPECT_THROW(host.Open(L"A1"), int);
+        EXPECT_THROW(host.Open(L"S"), int);
         EXPECT_EQ(pTemplate->GetDocumentCount(), 0);
         EXPECT_TRUE(host.m_pMain->GetChildFrames().empty());
     }
@@ -209,7 +295,7 @@ TEST(Hooks, ACachedUnitThatLostItsWindowGetsANewOne)
     EXPECT_EQ(pDefinition->CreateBaseUnitWnd(L"a"), pUnit);
     EXPECT_EQ(pUnit->GetParent(), host.m_pMain);
     pUnit->DestroyWindow();
-    CBaseFrameDoc* pDoc = host.Open(L"A1");
+    CBaseFrameDoc* pDoc = host.Open(L"S");
     EXPECT_EQ(host.Unit(L"a"), pUnit);
     EXPECT_EQ(pUnit->GetParent(), pDoc->m_pView);
     EXPECT_EQ(pDefinition->GetWndCacheCount(), 0);
@@ -230,8 +316,9 @@ TEST(Hooks, AThrowInPaintingIsToldAndTheFrameLives)
     FrameHost host;
     host.Load(Frames());
     Log().hooks["a.Draw"] = [](CBaseUnitWnd*) { throw 3; };
-    host.Open(L"A1");
+    host.Open(L"S");
     EXPECT_FALSE(host.m_arrDiagnostic.empty());
     EXPECT_EQ(host.OpenFrames(), "A");
+    Log().hooks.clear();
     ExpectUsable(host);
 }

@@ -2,6 +2,7 @@
 
 #include "definition/LayoutValues.h"
 #include "definition/UnitInfo.h"
+#include "layout/CheckTree.h"
 #include "platform/window/WindowManager.h"
 
 #include <algorithm>
@@ -357,6 +358,23 @@ void FrameHost::CloseActive()
     if (CBaseFrameChildWnd* pFrame = ActiveFrame())
         pFrame->SendMessage(WM_CLOSE);
     Settle();
+}
+
+void FrameHost::ExpectSound()
+{
+    CBaseFrameDoc* pDoc = ActiveDoc();
+    if (pDoc && pDoc->m_pRoot) {
+        EXPECT_EQ(splitframe::CheckTree(*pDoc->m_pRoot), "");
+        EXPECT_EQ(CSplitLine::m_pRoot, pDoc->m_pRoot);
+    }
+    for (int i = 0; i < m_pTemplate->GetDocumentCount(); ++i) {
+        auto* pEach = DynamicDownCast<CBaseFrameDoc>(m_pTemplate->GetDocument(i));
+        EXPECT_EQ(pEach->m_arrBaseUnitWnd.GetSize(), pEach->m_arrBaseUnitWndID.GetSize());
+        EXPECT_EQ(pEach->m_arrWndCache.GetSize(), pEach->m_arrWndCacheID.GetSize());
+        for (const CBaseUnitWnd* pUnit : pEach->m_arrWndCache)
+            EXPECT_FALSE(pUnit->IsWindowVisible()) << pUnit->CSplitLine::m_strName.ToUtf8();
+    }
+    EXPECT_EQ(splitframe::CheckWindowTree(), CString());
 }
 
 std::string Told(const std::vector<Diagnostic>& arrDiagnostic)

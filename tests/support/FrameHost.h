@@ -126,6 +126,8 @@ public:
     /// "A B": the names of the frames that are open, in the order of their making.
     std::string OpenFrames();
     void CloseActive();
+    /// Expects that trees, unit lists, caches and windows agree.
+    void ExpectSound();
 
     CWinApp m_app;
     CBaseFrameWnd* m_pMain = nullptr;         // deletes itself with its window
