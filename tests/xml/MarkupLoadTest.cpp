@@ -107,20 +107,6 @@ TEST_F(MarkupLoad, KeepsTheDocumentWhenThereIsNoFile)
     EXPECT_EQ(markup.Load(nullptr), 0);
 }
 
-TEST_F(MarkupLoad, EveryPrefixOfAFile)
-{
-    const std::string narrow = "<?xml?><r a='\xE4\xB8\xAD'>\xF0\x9F\x98\x80\xC3\xA9</r>";
-    const std::string wide = "\xFF\xFE" + Utf16(L"<r a='\x4E2D'>\xD83D\xDE00</r>");
-    for (const std::string& bytes : {narrow, wide}) {
-        for (std::size_t n = 0; n <= bytes.size(); ++n) {
-            SCOPED_TRACE(n);
-            CMarkup markup;
-            EXPECT_EQ(markup.Load(Write(bytes.substr(0, n))),
-                      n == bytes.size() || (n == bytes.size() - 1 && bytes == wide) ? 1 : 0);
-        }
-    }
-}
-
 TEST_F(MarkupLoad, SavesUtf16)
 {
     CMarkup markup(L"<a>\x4E2D\U0001F600</a>\r\n");
