@@ -84,7 +84,10 @@ void CSplitLine::ReCalRate()
     ReCalRate(GetViewRect());
 }
 
-// Shares do not enter sizes or rectangles, so the order of the lines does not matter.
+// Shares do not enter sizes or rectangles, so the order of the lines does not matter. In a part without area,
+// collapsed or dragged away, the panes tell nothing: those above each other in no width still have heights,
+// but the rectangle around them has not. Nor do panes of a fixed size that keep it in a collapsed part. Such
+// lines keep their shares, so that the part comes back as it was.
 void CSplitLine::ReCalRate2(CRect)
 {
     CNodeTable table;
@@ -93,15 +96,16 @@ void CSplitLine::ReCalRate2(CRect)
     std::vector<CRect> arrRect;
     FoldSizes(table, 0, arrSizes);
     FoldViewRects(table, arrRect);
-    for (int i = 0; i < table.GetCount(); ++i) {
+    for (int i = 0, nNext = 0; i < table.GetCount(); i = nNext) {
         CSplitLine& line = *table[i].pNode;
-        if (line.m_nType == NT_UNIT || !line.m_bMobile)
-            continue;
+        nNext = line.m_bShow ? i + 1 : table[i].nEnd;
         const auto nLine = static_cast<std::size_t>(i);
+        const CRect& rc = arrRect[nLine];
+        if (line.m_nType == NT_UNIT || !line.m_bMobile || rc.IsRectEmpty())
+            continue;
         const int nFirst = table.FirstOf(i);
         const NodeSizes first = nFirst < 0 ? NodeSizes() : arrSizes[static_cast<std::size_t>(nFirst)];
         const CRect rcFirst = nFirst < 0 ? CRect() : arrRect[static_cast<std::size_t>(nFirst)];
-        const CRect& rc = arrRect[nLine];
         line.m_dLRate = line.m_nType == NT_HLINE
                             ? ShareOf(rcFirst.top, rcFirst.bottom, rc.top, rc.bottom, first.height,
                                       arrSizes[nLine].height, line.m_dLRate)

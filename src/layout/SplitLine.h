@@ -97,7 +97,7 @@ public:
     /// @return the share before, or -1.0 when no node has that name; then nothing has changed
     double ModifyWindow(CString strName, double dRate);
     /// Recomputes the shares of the movable lines of the subtree from where the windows are. A line whose
-    /// share can't be told (nothing free to divide) keeps it.
+    /// share can't be told (its part has no area, or nothing is free to divide) keeps it.
     void ReCalRate();
 
     // Dragging, with the mouse at points of the host window's client area. A line with a missing side can't

@@ -114,6 +114,22 @@ TEST(Layout, RatesComeFromTheWindowsOfMovableLines)
         stuck->ReCalRate();
         EXPECT_EQ(stuck->m_dLRate, 0.3);
     }
+
+    // Nor in a part that is away, where panes above each other in no width still have heights, and panes of a
+    // fixed size keep it. Coming back without size it still has its shares.
+    for (const char* pszTree :
+         {"V0.5*[a V0.5*[b H0.3*#h[c d]]-]", "V0.5*[a V0.5*[b H0.3*#h[V0.5[c:w9 e] d]]-]"}) {
+        SCOPED_TRACE(pszTree);
+        TextTree away(pszTree, &host);
+        away->ModifyWindow(CRect(0, 0, 100, 100));
+        away->ReCalRate();
+        EXPECT_EQ(away->m_dLRate, 1.0);
+        EXPECT_EQ(away.Node("h").m_dLRate, 0.3);
+    }
+    TextTree back("V1.0*[a V0.5*[b H0.3*#h[c d]]]", &host);
+    back->ModifyWindow(CRect(0, 0, 100, 100));
+    back->ReCalRate();
+    EXPECT_EQ(back.Node("h").m_dLRate, 0.3);
 }
 
 TEST(Layout, ARateByName)

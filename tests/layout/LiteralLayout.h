@@ -167,7 +167,7 @@ inline void ModifyWindow(CSplitLine* p, const CRect& rc)
 
 inline void ReCalRate(CSplitLine* p)
 {
-    if (!p || IsUnit(p))
+    if (!p || IsUnit(p) || !p->m_bShow)
         return;
     if (p->m_bMobile) {
         const CRect rcFirst = ViewRect(p->m_pFirst), rc = ViewRect(p);
@@ -175,7 +175,7 @@ inline void ReCalRate(CSplitLine* p)
                                            : double(rcFirst.right) - rcFirst.left - WidthFixed(p->m_pFirst);
         const double dAll = IsStacked(p) ? double(rc.bottom) - rc.top - HeightFixed(p)
                                          : double(rc.right) - rc.left - WidthFixed(p);
-        if (std::isfinite(dFirst / dAll))
+        if (!rc.IsRectEmpty() && std::isfinite(dFirst / dAll))
             p->m_dLRate = dFirst / dAll;
     }
     ReCalRate(p->m_pFirst);
