@@ -22,13 +22,11 @@ constexpr int BAND_WIDTH = 5;
 constexpr int CLOSE_BESIDE = 5;
 constexpr int CLOSE_STACKED = 3;
 
-// The two sides of a line: where they stand now, and their places in the table.
+// Where the two sides of a line stand now.
 struct Sides
 {
     CRect rcFirst;
     CRect rcSecond;
-    int nFirst = -1;
-    int nSecond = -1;
 };
 
 // A line along the axis that it divides: whose edges count, and where a point is.
@@ -80,13 +78,13 @@ bool FindSides(const CNodeTable& table, int nIndex, const std::vector<CRect>& ar
     const int nSecond = table[nIndex].nSecond;
     if (table[nIndex].pNode->m_nType == CSplitLine::NT_UNIT || nFirst < 0 || nSecond < 0)
         return false;
-    sides = {arrRect[static_cast<std::size_t>(nFirst)], arrRect[static_cast<std::size_t>(nSecond)], nFirst,
-             nSecond};
+    sides = {arrRect[static_cast<std::size_t>(nFirst)], arrRect[static_cast<std::size_t>(nSecond)]};
     return true;
 }
 
-bool FindSides(const CSplitLine& line, CNodeTable& table, Sides& sides)
+bool FindSides(const CSplitLine& line, Sides& sides)
 {
+    CNodeTable table;
     table.Build(const_cast<CSplitLine&>(line)); // a question: nothing is changed through it
     std::vector<CRect> arrRect;
     FoldViewRects(table, arrRect);
@@ -131,9 +129,8 @@ CSplitLine* CSplitLine::HitTest(CPoint pt) const
 
 bool CSplitLine::GetSplitLineRect(CRect& rc) const
 {
-    CNodeTable table;
     Sides sides;
-    if (!FindSides(*this, table, sides))
+    if (!FindSides(*this, sides))
         return false;
     rc = BandOf(*this, sides);
     return true;
@@ -141,9 +138,8 @@ bool CSplitLine::GetSplitLineRect(CRect& rc) const
 
 bool CSplitLine::GetSplitLinePos(CPoint& ptFrom, CPoint& ptTo) const
 {
-    CNodeTable table;
     Sides sides;
-    if (!FindSides(*this, table, sides))
+    if (!FindSides(*this, sides))
         return false;
     EndPoints(*this, sides.rcSecond, IsStacked(*this) ? sides.rcSecond.top : sides.rcSecond.left, ptFrom,
               ptTo);
@@ -166,13 +162,15 @@ void CSplitLine::DrawSplitLineByPos(CPoint pt)
         m_ptIndicator = pt;
         return;
     }
-    CNodeTable table;
     Sides sides;
-    if (!FindSides(*this, table, sides))
+    if (!FindSides(*this, sides))
         return;
     const Span span = SpanOf(*this, sides, pt);
-    if (std::int64_t{span.nAt} - span.nFrom < LeastAlong(table, sides.nFirst, m_nType) ||
-        std::int64_t{span.nTo} - span.nAt < LeastAlong(table, sides.nSecond, m_nType))
+    const auto leastOf = [this](const CSplitLine& side) {
+        return IsStacked(*this) ? side.GetMinHeight(m_nType) : side.GetMinWidth(m_nType);
+    };
+    if (std::int64_t{span.nAt} - span.nFrom < leastOf(*m_pFirst) ||
+        std::int64_t{span.nTo} - span.nAt < leastOf(*m_pSecond))
         return;
     m_ptIndicator = pt;
     CPoint ptFrom, ptTo;
@@ -183,9 +181,8 @@ void CSplitLine::DrawSplitLineByPos(CPoint pt)
 void CSplitLine::ModifyWindow(CPoint pt)
 {
     DrawSplitLineByPos(NOWHERE);
-    CNodeTable table;
     Sides sides;
-    if (!FindSides(*this, table, sides))
+    if (!FindSides(*this, sides))
         return;
     const bool bStacked = IsStacked(*this);
     const auto leastOf = [&](const CSplitLine& side) {

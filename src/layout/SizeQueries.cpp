@@ -28,12 +28,11 @@ NodeSizes SizesOf(const CSplitLine& node)
 
 // One field of the records over a subtree: lines of kind nAlong add up, others take the larger.
 template <class T>
-T FoldField(const CNodeTable& table, int nIndex, T CBaseUnitInfo::*pField, T none,
-            CSplitLine::NodeType nAlong)
+T FoldField(const CSplitLine& node, T CBaseUnitInfo::*pField, T none, CSplitLine::NodeType nAlong)
 {
     std::vector<T> arrValue;
-    table.FoldUp(
-        nIndex, arrValue,
+    TableOf(node).FoldUp(
+        0, arrValue,
         [=](const CSplitLine& leaf) {
             const CBaseUnitWnd* pUnit = leaf.GetUnitWnd();
             if (!pUnit)
@@ -43,7 +42,7 @@ T FoldField(const CNodeTable& table, int nIndex, T CBaseUnitInfo::*pField, T non
         [=](const CSplitLine& line, T first, T second) {
             return Combine(first, second, line.m_nType == nAlong);
         });
-    return arrValue[static_cast<std::size_t>(nIndex)];
+    return arrValue[0];
 }
 
 } // namespace
@@ -81,18 +80,20 @@ int CSplitLine::GetHeightFixed() const
     return SizesOf(*this).height.nFixed;
 }
 
-int splitframe::LeastAlong(const CNodeTable& table, int nIndex, CSplitLine::NodeType nAlong)
+int CSplitLine::GetMinWidth(NodeType nAlong) const
 {
-    const auto pField =
-        nAlong == CSplitLine::NT_HLINE ? &CBaseUnitInfo::m_nMinHeight : &CBaseUnitInfo::m_nMinWidth;
-    return FoldField(table, nIndex, pField, 0, nAlong);
+    return FoldField(*this, &CBaseUnitInfo::m_nMinWidth, 0, nAlong);
+}
+int CSplitLine::GetMinHeight(NodeType nAlong) const
+{
+    return FoldField(*this, &CBaseUnitInfo::m_nMinHeight, 0, nAlong);
 }
 
 double CSplitLine::GetWidthRate() const
 {
-    return FoldField(TableOf(*this), 0, &CBaseUnitInfo::m_dWidthRate, 10.0, NT_VLINE);
+    return FoldField(*this, &CBaseUnitInfo::m_dWidthRate, 10.0, NT_VLINE);
 }
 double CSplitLine::GetHeightRate() const
 {
-    return FoldField(TableOf(*this), 0, &CBaseUnitInfo::m_dHeightRate, 10.0, NT_HLINE);
+    return FoldField(*this, &CBaseUnitInfo::m_dHeightRate, 10.0, NT_HLINE);
 }

@@ -177,6 +177,9 @@ private:
     friend class splitframe::CNodeTable;
 
     double GetLRate() const { return m_dLRate; }
+    // The least size whatever is visible: lines of kind nAlong add their sides up, others take the larger.
+    int GetMinWidth(NodeType nAlong) const;
+    int GetMinHeight(NodeType nAlong) const;
     int GetWidthFixed() const;
     int GetHeightFixed() const;
     double GetWidthRate() const;

@@ -40,6 +40,8 @@ public:
     }
 
     operator CSplitLine*() const { return m_pNode; }
+    /// To the unit, as from the pointer itself: the caller knows that the node is a unit's leaf.
+    template <class T> explicit operator T*() const { return static_cast<T*>(m_pNode); }
     CSplitLine* operator->() const { return m_pNode; }
     CSplitLine* Get() const { return m_pNode; }
 

@@ -33,12 +33,6 @@ CBaseFrameChildWnd* FrameOf(const CBaseUnitWnd& unit)
     return pParentFrame ? DynamicDownCast<CBaseFrameChildWnd>(pParentFrame->GetActiveFrame()) : nullptr;
 }
 
-CBaseFrameDoc* DocumentOf(const CBaseUnitWnd& unit)
-{
-    CBaseFrameChildWnd* pFrame = FrameOf(unit);
-    return pFrame ? pFrame->GetFrameDoc() : nullptr;
-}
-
 template <class T> T AddressOf(CString& str)
 {
     return reinterpret_cast<T>(&str);
@@ -69,8 +63,9 @@ bool CBaseUnitWnd::ReplaceBaseUnit(CString strNew, CString strSplitName, bool bF
 bool CBaseUnitWnd::ReplaceBaseUnit(CString strNew, CBaseUnitWnd* pOld)
 {
     const CCallScope scope;
-    CBaseFrameDoc* pDoc = DocumentOf(*this);
-    if (!pDoc || !pDoc->m_pRoot || !pDoc->m_pRoot->Replace(pOld, pDoc->GetBaseUnitWnd(strNew)))
+    CBaseFrameChildWnd* pFrame = FrameOf(*this);
+    CBaseFrameDoc* pDoc = pFrame ? pFrame->GetFrameDoc() : nullptr;
+    if (!pDoc || !pDoc->m_pRoot || !pDoc->m_pRoot->Replace(pOld, FindBaseUnitWnd(strNew)))
         return false;
     if (pDoc->m_pRoot) // a hook may have taken the tree down
         pDoc->m_pRoot->ModifyWindow();
@@ -79,7 +74,8 @@ bool CBaseUnitWnd::ReplaceBaseUnit(CString strNew, CBaseUnitWnd* pOld)
 
 CBaseUnitWnd* CBaseUnitWnd::FindBaseUnitWnd(CString strName)
 {
-    CBaseFrameDoc* pDoc = DocumentOf(*this);
+    CFrameWnd* pFrame = GetParentFrame();
+    auto* pDoc = pFrame ? DynamicDownCast<CBaseFrameDoc>(pFrame->GetActiveDocument()) : nullptr;
     return pDoc ? pDoc->GetBaseUnitWnd(strName) : nullptr;
 }
 

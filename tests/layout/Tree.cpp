@@ -55,7 +55,7 @@ TEST(Tree, NewNodesStartAsTold)
     CSplitLine* pLeaf = &unit;
     EXPECT_EQ(pLeaf->GetNodeType(), CSplitLine::NT_UNIT);
     EXPECT_FALSE(pLeaf->m_bMobile);
-    EXPECT_EQ(static_cast<CBaseUnitWnd*>(pLeaf), &unit);
+    EXPECT_EQ(static_cast<CBaseUnitWnd*>(splitframe::CSplitLineLink(pLeaf)), &unit);
     EXPECT_EQ(pLeaf->GetUnitWnd(), &unit);
 }
 

@@ -97,9 +97,6 @@ inline double Combine(double dFirst, double dSecond, bool bAlong)
 
 /// What the units of a node need and take: computes it for the subtree at nIndex.
 void FoldSizes(const CNodeTable& table, int nIndex, std::vector<NodeSizes>& arrSizes);
-/// What the subtree at nIndex needs at least across lines of a kind, whatever is visible: its width across
-/// vertical lines, its height across horizontal ones.
-int LeastAlong(const CNodeTable& table, int nIndex, CSplitLine::NodeType nAlong);
 /// The rectangles that the windows cover now, in their parents' client coordinates.
 void FoldViewRects(const CNodeTable& table, std::vector<CRect>& arrRect);
 /// The smallest rectangle around both; one without area adds nothing, and gives way to the other.
