@@ -236,7 +236,7 @@ TEST(DC, ExclusiveOrTwiceRestoresEveryPixel)
 TEST(DC, ExclusiveOrGoesToItsPlane)
 {
     Picture picture;
-    splitframe::Surface plane(40, 30);
+    splitframe::XorPlane plane;
     Region damage;
     splitframe::Canvas canvas;
     canvas.pSurface = &picture.surface;
@@ -250,9 +250,12 @@ TEST(DC, ExclusiveOrGoesToItsPlane)
     Line(picture.dc, {20, 5}, {20, 500});
     picture.dc.SelectObject(pOld);
     EXPECT_TRUE(picture.Inked().IsRectEmpty());
-    EXPECT_EQ(plane.GetPixel(19, 29), RGB(92, 92, 92));
-    EXPECT_EQ(plane.GetPixel(22, 29), 0U);
     EXPECT_TRUE(damage == Region(RECT{19, 5, 22, 30}));
+    plane.Combine(picture.surface);
+    EXPECT_EQ(picture.surface.GetPixel(19, 29), RGB(255 ^ 92, 255 ^ 92, 255 ^ 92));
+    EXPECT_EQ(picture.Inked(), CRect(19, 5, 22, 30));
+    plane.Combine(picture.surface);
+    EXPECT_TRUE(picture.Inked().IsRectEmpty());
 }
 
 TEST(DC, WildCoordinatesNeitherHangNorLeaveTheClip)

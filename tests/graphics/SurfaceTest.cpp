@@ -83,21 +83,6 @@ TEST(Surface, CopiesBetweenScales)
         }
 }
 
-TEST(Surface, PlaneIsCombinedWhenShown)
-{
-    Surface base(8, 8, 1.0, kWhite);
-    Surface plane(8, 8);
-    Surface shown(8, 8);
-    plane.Xor({2, 0, 5, 8}, RGB(92, 92, 92));
-    base.Fill({0, 0, 8, 4}, kRed); // painted beneath the line meanwhile
-    shown.Combine(base, plane, {-5, -5, 100, 100});
-    EXPECT_EQ(shown.GetPixel(3, 1), RGB(255 ^ 92, 92, 92));
-    plane.Xor({2, 0, 5, 8}, RGB(92, 92, 92));
-    shown.Combine(base, plane, shown.Bounds());
-    EXPECT_EQ(shown.GetPixel(3, 1), kRed);
-    EXPECT_EQ(shown.GetPixel(3, 5), kWhite);
-}
-
 TEST(Png, WritesOrSaysWhyNot)
 {
     const auto folder = std::filesystem::temp_directory_path() / ("png-test-" + std::to_string(::getpid()));

@@ -3,6 +3,7 @@
 
 #include "platform/graphics/Region.h"
 #include "platform/graphics/Surface.h"
+#include "platform/graphics/XorPlane.h"
 
 #include <memory>
 
@@ -14,9 +15,7 @@ struct Canvas
     std::shared_ptr<const Surface> pKeep; // set where the surface may be replaced while the context lives
     POINT ptOrigin{};                     // surface coordinates of the context's point (0, 0), logical pixels
     Region clip;                          // surface coordinates; what lies outside is never touched
-    Surface* pXorPlane =
-        nullptr; // not owned; exclusive-or drawing goes here instead, if set (same size and scale)
-    std::shared_ptr<const Surface> pKeepXor; // as pKeep, for the plane
+    XorPlane* pXorPlane = nullptr;        // not owned; exclusive-or drawing goes here instead, if set
     Region* pDamage =
         nullptr; // not owned; gets the bounds of everything drawn, in surface coordinates, if set
 };

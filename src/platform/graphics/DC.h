@@ -91,8 +91,8 @@ public:
     int SetBkMode(int nMode);
     int GetBkMode() const;
     /// R2_COPYPEN or R2_XORPEN, for everything drawn with pen or selected brush (not FillRect and the like,
-    /// not text). With R2_XORPEN nothing is smoothed: the same drawing twice restores every pixel. Other
-    /// values change nothing and return 0.
+    /// not text). With R2_XORPEN whole pixels are drawn, nothing is smoothed: the same drawing twice restores
+    /// every pixel. Other values change nothing and return 0.
     int SetROP2(int nMode);
     int GetROP2() const;
 

@@ -34,13 +34,16 @@ void CDC::Painter::Combine(const Region& area, COLORREF color) const
 {
     if (!CanDraw())
         return;
-    for (const RECT& rc : area.Rects()) {
-        ForEachOverlap(Clip(), rc, [&](const RECT& rcPart) {
-            if (IsXor())
-                XorTarget().Xor(rcPart, color);
-            else
-                Target().Fill(rcPart, color);
-        });
+    if (IsXor() && m_dc.m_canvas.pXorPlane) {
+        Region seen = area;
+        seen.Intersect(Clip());
+        m_dc.m_canvas.pXorPlane->Toggle(seen, color);
+    } else {
+        for (const RECT& rc : area.Rects()) {
+            ForEachOverlap(Clip(), rc, [&](const RECT& rcPart) {
+                IsXor() ? Target().Xor(rcPart, color) : Target().Fill(rcPart, color);
+            });
+        }
     }
     AddDamage(area.Bounds());
 }
@@ -50,9 +53,10 @@ void CDC::Painter::Combine(const Shape& shape, COLORREF color) const
     if (!CanDraw() || shape.points.empty())
         return;
     if (IsXor())
-        splitframe::XorShape(XorTarget(), Clip(), shape, color);
-    else
-        splitframe::PaintShape(Target(), Clip(), shape, color);
+        return Combine(
+            splitframe::ShapeRegion(shape, splitframe::SharedRect(Clip().Bounds(), Target().Bounds())),
+            color);
+    splitframe::PaintShape(Target(), Clip(), shape, color);
     if (m_dc.m_canvas.pDamage)
         AddDamage(splitframe::ShapeBounds(shape));
 }

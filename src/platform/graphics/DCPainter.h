@@ -64,10 +64,6 @@ public:
 
 private:
     bool IsXor() const { return m_dc.m_state.nRop == R2_XORPEN; }
-    splitframe::Surface& XorTarget() const
-    {
-        return m_dc.m_canvas.pXorPlane ? *m_dc.m_canvas.pXorPlane : Target();
-    }
     splitframe::Region Dashes(const RECT& rc, bool bVertical, bool bBackwards,
                               const splitframe::PenData& pen) const;
 

@@ -17,6 +17,7 @@ using Rects = std::span<const RECT>;
 constexpr auto kUnion = [](bool a, bool b) { return a || b; };
 constexpr auto kSubtract = [](bool a, bool b) { return a && !b; };
 constexpr auto kIntersect = [](bool a, bool b) { return a && b; };
+constexpr auto kXor = [](bool a, bool b) { return a != b; };
 
 bool Overlap(const RECT& a, const RECT& b)
 {
@@ -369,6 +370,11 @@ void Region::Intersect(const Region& other)
         *this = other;
     else
         CombineAll(other, kIntersect);
+}
+
+void Region::Xor(const Region& other)
+{
+    CombineAll(other, kXor);
 }
 
 void Region::Offset(int dx, int dy)

@@ -46,6 +46,8 @@ public:
     void Subtract(const Region& other);
     void Intersect(const RECT& rc);
     void Intersect(const Region& other);
+    /// What is in one of the two sets, but not in both.
+    void Xor(const Region& other);
     /// Moves the set; what would leave the 32-bit range is cut off there.
     void Offset(int dx, int dy);
 

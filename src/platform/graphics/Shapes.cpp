@@ -1,5 +1,5 @@
 // Paths are cut to the clip's bounds plus a margin, then drawn by the drawing library; for exclusive or it
-// draws a mask of whole pixels, which is then combined.
+// draws a mask, whose pixels make an area.
 #include "platform/graphics/Shapes.h"
 
 #include "platform/graphics/CairoContext.h"
@@ -7,6 +7,7 @@
 
 #include <cairo.h>
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <utility>
@@ -148,22 +149,22 @@ RECT SeenPart(const Shape& shape, const RECT& rcClip)
     return SharedRect(ShapeBounds(shape), rcClip);
 }
 
-// Pixels of a drawing surface that holds only black and white.
-void XorByMask(Surface& surface, const Region& clip, const Surface& mask, const RECT& rcSeen, COLORREF color)
+// The pixels of a mask that are not black; its first one lies at pt.
+Region DrawnPixels(const Surface& mask, const POINT& pt)
 {
-    const RECT rcMask = surface.ToDevice(rcSeen);
-    const std::uint32_t nValue = PixelFromColor(color) & 0x00FFFFFFU;
-    ForEachOverlap(clip, rcSeen, [&](const RECT& rc) {
-        const RECT rcPart = surface.ToDevice(rc);
-        for (int y = rcPart.top; y < rcPart.bottom; ++y) {
-            const std::uint32_t* pMask = mask.Row(y - rcMask.top);
-            std::uint32_t* pRow = surface.Row(y);
-            for (int x = rcPart.left; x < rcPart.right; ++x) {
-                if (pMask[x - rcMask.left] & 0x00FFFFFFU)
-                    pRow[x] ^= nValue;
-            }
+    const auto isDrawn = [](std::uint32_t n) { return (n & 0x00FFFFFFU) != 0; };
+    std::vector<RECT> runs;
+    for (int y = 0; y < mask.Height(); ++y) {
+        const std::uint32_t* pRow = mask.Row(y);
+        const std::uint32_t* pEnd = pRow + mask.Width();
+        for (const std::uint32_t* pFrom = std::find_if(pRow, pEnd, isDrawn); pFrom != pEnd;) {
+            const std::uint32_t* pTo = std::find_if_not(pFrom, pEnd, isDrawn);
+            runs.push_back({pt.x + static_cast<LONG>(pFrom - pRow), pt.y + y,
+                            pt.x + static_cast<LONG>(pTo - pRow), pt.y + y + 1});
+            pFrom = std::find_if(pTo, pEnd, isDrawn);
         }
-    });
+    }
+    return Region::FromRects(runs);
 }
 
 } // namespace
@@ -198,27 +199,25 @@ void PaintShape(Surface& surface, const Region& clip, const Shape& shape, COLORR
     Draw(pCairo, shape, rcSeen);
 }
 
-void XorShape(Surface& surface, const Region& clip, const Shape& shape, COLORREF color)
+Region ShapeRegion(const Shape& shape, const RECT& rcClip)
 {
     if (!Drawable(shape))
-        return;
-    const RECT rcSeen = SharedRect(SeenPart(shape, clip.Bounds()), surface.Bounds());
-    if (!HasArea(rcSeen) || !clip.Intersects(rcSeen))
-        return;
-    const RECT rcDevice = surface.ToDevice(rcSeen);
-    Surface mask(rcDevice.right - rcDevice.left, rcDevice.bottom - rcDevice.top);
+        return {};
+    const RECT rcSeen = SeenPart(shape, rcClip);
+    if (!HasArea(rcSeen))
+        return {};
+    Surface mask(rcSeen.right - rcSeen.left, rcSeen.bottom - rcSeen.top);
     {
         const CairoContext context(mask, Region(mask.Bounds()), mask.Bounds());
         cairo_t* pCairo = context.Get();
         if (!pCairo)
-            return;
-        cairo_translate(pCairo, -rcDevice.left, -rcDevice.top);
-        cairo_scale(pCairo, surface.Scale(), surface.Scale());
+            return {};
+        cairo_translate(pCairo, -rcSeen.left, -rcSeen.top);
         cairo_set_antialias(pCairo, CAIRO_ANTIALIAS_NONE);
         cairo_set_source_rgb(pCairo, 1.0, 1.0, 1.0);
         Draw(pCairo, shape, rcSeen);
     }
-    XorByMask(surface, clip, mask, rcSeen, color);
+    return DrawnPixels(mask, {rcSeen.left, rcSeen.top});
 }
 
 } // namespace splitframe

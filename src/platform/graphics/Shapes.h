@@ -30,7 +30,7 @@ RECT ShapeBounds(const Shape& shape);
 /// Draws the shape smoothed in one colour inside the clip.
 void PaintShape(Surface& surface, const Region& clip, const Shape& shape, COLORREF color);
 
-/// Combines each pixel of the shape once with the colour by exclusive or; nothing is smoothed.
-void XorShape(Surface& surface, const Region& clip, const Shape& shape, COLORREF color);
+/// The whole pixels of the shape inside a rectangle, for exclusive or: nothing is smoothed.
+Region ShapeRegion(const Shape& shape, const RECT& rcClip);
 
 } // namespace splitframe

@@ -2,6 +2,7 @@
 // drawing library, which sees the same memory (CairoContext.cpp).
 #include "platform/graphics/Surface.h"
 
+#include "platform/base/LargePages.h"
 #include "platform/graphics/RegionWalk.h"
 
 #include <algorithm>
@@ -42,6 +43,8 @@ Surface::Surface(int cx, int cy, double dScale, COLORREF color)
     m_pPixels.reset(static_cast<std::uint32_t*>(std::calloc(nPixels, sizeof(std::uint32_t))));
     if (!m_pPixels)
         return;
+    // A line down a large surface is in another page at each row.
+    PreferLargePages(m_pPixels.get(), nPixels * sizeof(std::uint32_t));
     m_cxDevice = cxDevice;
     m_cyDevice = cyDevice;
     m_cx = std::min(cx, static_cast<int>(std::ceil(cxDevice / m_dScale)));
@@ -62,16 +65,6 @@ RECT Surface::ToDevice(const RECT& rc) const
 {
     return {DeviceEdge(rc.left, m_cxDevice), DeviceEdge(rc.top, m_cyDevice), DeviceEdge(rc.right, m_cxDevice),
             DeviceEdge(rc.bottom, m_cyDevice)};
-}
-
-std::uint32_t* Surface::Row(int nDeviceRow)
-{
-    return m_pPixels.get() + static_cast<std::ptrdiff_t>(nDeviceRow) * m_cxDevice;
-}
-
-const std::uint32_t* Surface::Row(int nDeviceRow) const
-{
-    return m_pPixels.get() + static_cast<std::ptrdiff_t>(nDeviceRow) * m_cxDevice;
 }
 
 COLORREF Surface::GetPixel(int x, int y) const
@@ -157,20 +150,6 @@ void Surface::CopySampled(const Surface& source, const RECT& rcFrom, POINT ptTo)
         std::uint32_t* pTo = Row(y);
         for (int x = rcTarget.left; x < rcTarget.right; ++x)
             pTo[x] = pFrom[sourceOf(x, ptTo.x, rcFrom.left, source.m_cxDevice)];
-    }
-}
-
-void Surface::Combine(const Surface& base, const Surface& plane, const RECT& rc)
-{
-    const RECT rcDevice = ToDevice(rc);
-    const int nRight = std::min({rcDevice.right, base.m_cxDevice, plane.m_cxDevice});
-    const int nBottom = std::min({rcDevice.bottom, base.m_cyDevice, plane.m_cyDevice});
-    for (int y = rcDevice.top; y < nBottom; ++y) {
-        const std::uint32_t* pBase = base.Row(y);
-        const std::uint32_t* pPlane = plane.Row(y);
-        std::uint32_t* pTo = Row(y);
-        for (int x = rcDevice.left; x < nRight; ++x)
-            pTo[x] = pBase[x] ^ (pPlane[x] & 0x00FFFFFFU);
     }
 }
 

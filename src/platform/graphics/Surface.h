@@ -41,8 +41,8 @@ public:
     /// The device pixels of a logical rectangle, cut to the surface; no area gives a rectangle with no area.
     RECT ToDevice(const RECT& rc) const;
     /// First pixel of a device row (0 .. DeviceHeight() - 1); DeviceWidth() pixels follow one another.
-    std::uint32_t* Row(int nDeviceRow);
-    const std::uint32_t* Row(int nDeviceRow) const;
+    std::uint32_t* Row(int nDeviceRow) { return m_pPixels.get() + OffsetOf(nDeviceRow); }
+    const std::uint32_t* Row(int nDeviceRow) const { return m_pPixels.get() + OffsetOf(nDeviceRow); }
 
     /// The colour of a logical pixel (its upper left device pixel), 0xFFFFFFFF outside the surface.
     COLORREF GetPixel(int x, int y) const;
@@ -53,14 +53,12 @@ public:
     /// their surface. The two may be the same surface and overlap. Different scales are sampled, not
     /// filtered.
     void Copy(const Surface& source, const RECT& rcFrom, POINT ptTo);
-    /// Writes into this surface `base` exclusive-or `plane` for the rectangle; the three share size and
-    /// scale.
-    void Combine(const Surface& base, const Surface& plane, const RECT& rc);
 
 private:
     friend class CairoContext;
     struct Backend;
 
+    std::ptrdiff_t OffsetOf(int nDeviceRow) const { return std::ptrdiff_t{nDeviceRow} * m_cxDevice; }
     int DeviceEdge(std::int64_t n, int nLimit) const;
     void CopySampled(const Surface& source, const RECT& rcFrom, POINT ptTo);
 

@@ -6,68 +6,28 @@
 #include "platform/window/WindowManager.h"
 #include "platform/window/WindowTree.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace splitframe {
 
 namespace {
 
-bool IsBlack(const Surface& plane, const RECT& rc)
-{
-    const RECT rcDevice = plane.ToDevice(rc);
-    for (int y = rcDevice.top; y < rcDevice.bottom; ++y) {
-        const std::uint32_t* pRow = plane.Row(y);
-        if (std::any_of(pRow + rcDevice.left, pRow + rcDevice.right, [](std::uint32_t n) { return n != 0; }))
-            return false;
-    }
-    return true;
-}
-
-// Combines the plane into the surface for as long as it lives: done twice, it restores every pixel. Costs the
-// pixels that are drawn in the plane, whatever the screen's size.
+// The plane is combined into the surface for as long as this lives. All of it: a display may show more than
+// has changed. Costs the pixels that are drawn, whatever the screen's size.
 class CombinedPlane
 {
 public:
     explicit CombinedPlane(Screen& screen) : m_screen(screen)
     {
-        if (screen.arrXor.empty())
-            return;
-        std::erase_if(screen.arrXor, [&](const RECT& rc) { return IsBlack(*screen.pXorPlane, rc); });
-        m_drawn = Region::FromRects(screen.arrXor); // once each, where they overlap
-        Combine();
+        m_screen.xorPlane.Combine(*m_screen.pSurface);
     }
-    ~CombinedPlane() { Combine(); }
+    ~CombinedPlane() { m_screen.xorPlane.Combine(*m_screen.pSurface); } // done twice it restores every pixel
     CombinedPlane(const CombinedPlane&) = delete;
     CombinedPlane& operator=(const CombinedPlane&) = delete;
 
 private:
-    void Combine()
-    {
-        for (const RECT& rc : m_drawn.Rects())
-            m_screen.pSurface->Combine(*m_screen.pSurface, *m_screen.pXorPlane, rc);
-    }
-
     Screen& m_screen;
-    Region m_drawn;
 };
-
-std::shared_ptr<Surface> MakePlane(const Surface& surface)
-{
-    return std::make_shared<Surface>(surface.Width(), surface.Height(), surface.Scale());
-}
-
-// What is drawn on a display that changes its size stays drawn, so that drawing it again still removes it.
-void ReplacePlane(Screen& screen, bool bSameDisplay)
-{
-    const std::shared_ptr<Surface> pBefore = std::exchange(screen.pXorPlane, nullptr);
-    if (!bSameDisplay || !pBefore || pBefore->Scale() != screen.pSurface->Scale()) {
-        screen.arrXor.clear();
-        return;
-    }
-    screen.pXorPlane = MakePlane(*screen.pSurface);
-    screen.pXorPlane->Copy(*pBefore, pBefore->Bounds(), {0, 0});
-}
 
 } // namespace
 
@@ -88,7 +48,10 @@ void PrepareScreen()
         return;
     TheScreen().pSurface =
         std::make_shared<Surface>(size.cx, size.cy, display.Scale(), GetSysColor(COLOR_3DFACE));
-    ReplacePlane(TheScreen(), TheScreen().nDisplay == DisplaySerial());
+    // What is drawn on a display that changes its size stays drawn, so that drawing it again still removes
+    // it.
+    const bool bSameDisplay = TheScreen().nDisplay == DisplaySerial();
+    TheScreen().xorPlane.CutTo(bSameDisplay ? TheScreen().pSurface->Bounds() : RECT{});
     TheScreen().nDisplay = DisplaySerial();
     TheScreen().damage = Region(RECT{0, 0, size.cx, size.cy});
     FollowDisplaySize(size);
@@ -139,28 +102,20 @@ Canvas CanvasForScreen(Region& drawn)
     Screen& screen = TheScreen();
     if (!screen.pSurface)
         return {};
-    if (!screen.pXorPlane)
-        screen.pXorPlane = MakePlane(*screen.pSurface);
     Canvas canvas = CanvasFor({0, 0}, Region(screen.pSurface->Bounds()), false);
-    canvas.pXorPlane = screen.pXorPlane.get();
-    canvas.pKeepXor = screen.pXorPlane;
+    canvas.pXorPlane = &screen.xorPlane;
     canvas.pDamage = &drawn;
     return canvas;
 }
 
 bool IsScreenDrawnOver()
 {
-    const Screen& screen = TheScreen();
-    return std::any_of(screen.arrXor.begin(), screen.arrXor.end(),
-                       [&](const RECT& rc) { return !IsBlack(*screen.pXorPlane, rc); });
+    return !TheScreen().xorPlane.IsEmpty();
 }
 
 void NoteDrawnOnScreen(const Region& drawn)
 {
-    Screen& screen = TheScreen();
-    if (screen.pXorPlane)
-        screen.arrXor.insert(screen.arrXor.end(), drawn.Rects().begin(), drawn.Rects().end());
-    screen.damage.Union(drawn);
+    TheScreen().damage.Union(drawn);
 }
 
 } // namespace splitframe

@@ -5,8 +5,6 @@
 
 #include "platform/graphics/Canvas.h"
 
-#include <vector>
-
 namespace splitframe {
 
 struct WindowRecord;
@@ -16,10 +14,9 @@ struct Screen
     // Made at the display's size when the first top-level window is; contexts that are open when it is
     // replaced keep the old one.
     std::shared_ptr<Surface> pSurface;
-    std::shared_ptr<Surface> pXorPlane; // made at its first use, as large as the surface
-    std::vector<RECT> arrXor;           // all that is drawn in the plane lies in these
-    Region damage;                      // changed since it was last shown
-    unsigned long nDisplay = 0;         // the display that it is shown on
+    XorPlane xorPlane;          // what is drawn over all windows
+    Region damage;              // changed since it was last shown
+    unsigned long nDisplay = 0; // the display that it is shown on
 };
 
 Screen& TheScreen();
