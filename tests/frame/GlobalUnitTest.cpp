@@ -142,18 +142,6 @@ TEST(GlobalUnits, StayWithTheFrameInFrontWhenAnotherNeverGetsThere)
     }
 }
 
-TEST(GlobalUnits, TheHostMayDeleteOne)
-{
-    FrameHost host;
-    host.Load(Frames());
-    CBaseFrameDoc* pA = host.Open(L"A1");
-    delete host.m_pMain->FindGlobalBaseUnitWnd(L"g");
-    EXPECT_EQ(host.m_pMain->FindGlobalBaseUnitWnd(L"g"), nullptr);
-    EXPECT_EQ(splitframe::CheckTree(*pA->m_pRoot), "");
-    host.Open(L"B1");
-    EXPECT_EQ(host.m_pMain->ProcessCommand(1, 2), 0);
-}
-
 TEST(GlobalUnits, CommandsReachAllAndTheLastAnswers)
 {
     FrameHost host;

@@ -217,20 +217,6 @@ TEST(Hooks, AGlobalUnitWhoseHidingClosesTheAdoptingFrameStaysWhereItWas)
     host.ExpectSound();
 }
 
-TEST(Hooks, AUnitDeletesItselfInAHandler)
-{
-    // Only where the library does not call into the unit itself afterwards: messages of its own.
-    FrameHost host;
-    host.Load(Frames());
-    host.Open(L"S");
-    delete host.Unit(L"a");
-    EXPECT_EQ(host.ActiveDoc()->GetBaseUnitWndCount(), 2);
-    host.ExpectSound();
-    host.ActiveFrame()->RecalcLayout();
-    EXPECT_EQ(host.Panes().find("a "), std::string::npos);
-    ExpectUsable(host);
-}
-
 TEST(Hooks, AClassThatThrowsWhenItIsMade)
 {
     FrameHost host;
@@ -309,16 +295,4 @@ TEST(Hooks, AGlobalClassThatThrowsReachesTheCaller)
         host.Load(LayoutXml(L"<GLOBAL>" + UnitXml(L"g") + UnitXml(L"x", OTHER_UNIT_GUID) + L"</GLOBAL>")),
         int);
     EXPECT_TRUE(host.m_pMain->FindGlobalBaseUnitWnd(L"g"));
-}
-
-TEST(Hooks, AThrowInPaintingIsToldAndTheFrameLives)
-{
-    FrameHost host;
-    host.Load(Frames());
-    Log().hooks["a.Draw"] = [](CBaseUnitWnd*) { throw 3; };
-    host.Open(L"S");
-    EXPECT_FALSE(host.m_arrDiagnostic.empty());
-    EXPECT_EQ(host.OpenFrames(), "A");
-    Log().hooks.clear();
-    ExpectUsable(host);
 }
