@@ -62,8 +62,9 @@ TEST_F(Bars, TakeRoomOnlyWhenTheyShowSomething)
     EXPECT_EQ(PlaceOf(Strip()), CRect(0, 0, rcMain.right, CTabStrip::GetHeight()));
     HMENU hPopup = ::CreatePopupMenu();
     EXPECT_TRUE(m_pMain->AppendMenuBarPopup(hPopup, L"&Frames"));
-    EXPECT_EQ(PlaceOf(Bar()), CRect(0, 0, rcMain.right, CMenuBar::GetHeight()));
-    const int nTop = CMenuBar::GetHeight() + CTabStrip::GetHeight();
+    const int nRow = Bar().GetItemRect(0).Height();
+    EXPECT_EQ(PlaceOf(Bar()), CRect(0, 0, rcMain.right, nRow));
+    const int nTop = nRow + CTabStrip::GetHeight();
     EXPECT_EQ(PlaceOf(Strip()).bottom, nTop);
     EXPECT_EQ(PlaceOf(client), CRect(0, nTop, rcMain.right, rcMain.bottom));
     EXPECT_EQ(PlaceOf(*pA), CRect(0, 0, rcMain.right, rcMain.bottom - nTop));
@@ -193,8 +194,27 @@ TEST_F(Bars, ManyTabsScroll)
     const auto seen = [this](int nTab) { return !Strip().GetTabRect(nTab).IsRectEmpty(); };
     EXPECT_TRUE(seen(29) && !seen(0)) << "the active tab is in sight";
     EXPECT_GE(Strip().GetTabRect(29).Width(), 80);
-    for (int n = 0; n < 40; ++n)
-        Click(Strip().GetArrowRect(-1));
+    Click(Strip().GetArrowRect(-1));
+    EXPECT_TRUE(!seen(0) && !seen(29));
+    auto& screen = *splitframe::CurrentHeadless();
+    screen.PressButton(VK_LBUTTON);
+    const auto passTime = [&screen](int nSteps) {
+        for (int n = 0; n < nSteps; ++n) {
+            screen.AdvanceClock(200);
+            splitframe::DrainMessages();
+        }
+    };
+    passTime(3);
+    EXPECT_FALSE(seen(0));
+    screen.MoveMouse(300, 300);
+    passTime(40);
+    EXPECT_FALSE(seen(0)) << "the pointer has left the arrow";
+    Click(Strip().GetArrowRect(-1));
+    passTime(40);
+    EXPECT_FALSE(seen(0)) << "the button was let go";
+    screen.PressButton(VK_LBUTTON);
+    passTime(40);
+    screen.ReleaseButton(VK_LBUTTON);
     EXPECT_TRUE(seen(0) && !seen(29)) << "scrolling switches nothing";
     EXPECT_EQ(Strip().GetActiveTab(), 29);
     for (int n = 0; n < 100; ++n)
@@ -281,6 +301,26 @@ TEST_F(Bars, TheMenuBarShowsTheMenuAndOwnsIt)
     EXPECT_EQ(Bar().GetItemCount(), 1);
     m_pMain->DestroyWindow();
     EXPECT_FALSE(::IsMenu(hOther));
+}
+
+TEST_F(Bars, TitlesWithoutRoomGoOnInTheNextRow)
+{
+    const wchar_t* const apszTitles[] = {L"&File", L"&Edit", L"&View", L"&Frames", L"&Help"};
+    for (const wchar_t* pszTitle : apszTitles)
+        m_pMain->AppendMenuBarPopup(::CreatePopupMenu(), pszTitle);
+    for (const int nWidth : {800, 150, 30}) {
+        SCOPED_TRACE(nWidth);
+        m_pMain->MoveWindow(0, 0, nWidth, 400);
+        const CRect rcBar = PlaceOf(Bar());
+        for (int n = 0; n < 5; ++n) {
+            const CRect rc = Bar().GetItemRect(n);
+            EXPECT_EQ(Bar().HitTest(CPoint(rc.left + 1, rc.CenterPoint().y)), n);
+            EXPECT_TRUE(rc.left < nWidth && rc.bottom <= rcBar.bottom);
+            EXPECT_TRUE(nWidth == 30 || rc.right <= nWidth) << n;
+        }
+        EXPECT_EQ(rcBar.Height() > Bar().GetItemRect(0).Height(), nWidth < 800);
+        EXPECT_EQ(PlaceOf(*CWnd::FromHandle(m_pMain->m_hWndMDIClient)).top, rcBar.bottom);
+    }
 }
 
 TEST_F(Bars, AMenuDestroyedElsewhereLeavesAnEmptyBar)

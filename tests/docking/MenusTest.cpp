@@ -103,7 +103,7 @@ TEST_F(Menus, ItemsLookAsTheirHandlersSayAndCommandsFollowTheMenu)
     CRect rc;
     Popup()->GetWindowRect(&rc);
     EXPECT_EQ(rc.left, Bar().GetTitleRect(0).left);
-    EXPECT_EQ(rc.top, CMenuBar::GetHeight());
+    EXPECT_EQ(rc.top, Bar().GetTitleRect(0).bottom);
     Click(Popup()->GetLineRect(1).CenterPoint());
     EXPECT_EQ(m_pMain->m_strLog, "taken ");
     EXPECT_EQ(Bar().GetMarkedItem(), -1);

@@ -87,11 +87,10 @@ CWnd* CBCGPMDIFrameWnd::GetTabStripWnd() const
 
 namespace {
 
-// Takes the top of the room for a bar that has something to show, else hides it.
-void PlaceBar(CWnd* pBar, bool bShow, int nHeight, CRect& rcRoom)
+// Takes the top of the room for a bar; one of no height has nothing to show and is hidden.
+void PlaceBar(HWND hBar, int nHeight, CRect& rcRoom)
 {
-    const HWND hBar = pBar ? pBar->GetSafeHwnd() : nullptr;
-    if (!bShow) {
+    if (nHeight == 0) {
         ::ShowWindow(hBar, SW_HIDE);
         return;
     }
@@ -105,10 +104,12 @@ void PlaceBar(CWnd* pBar, bool bShow, int nHeight, CRect& rcRoom)
 
 void CBCGPMDIFrameWnd::LayoutBars(CRect& rcRoom)
 {
-    PlaceBar(m_pMenuBar.get(), m_pMenuBar && !m_pMenuBar->IsEmpty(), splitframe::CMenuBar::GetHeight(),
-             rcRoom);
-    PlaceBar(m_pTabStrip.get(), m_pTabStrip && !m_pTabStrip->IsEmpty(), splitframe::CTabStrip::GetHeight(),
-             rcRoom);
+    if (!m_pMenuBar || !m_pTabStrip)
+        return;
+    const int nMenuHeight = m_pMenuBar->IsEmpty() ? 0 : m_pMenuBar->Arrange(rcRoom.Width());
+    PlaceBar(m_pMenuBar->GetSafeHwnd(), nMenuHeight, rcRoom);
+    const int nTabHeight = m_pTabStrip->IsEmpty() ? 0 : splitframe::CTabStrip::GetHeight();
+    PlaceBar(m_pTabStrip->GetSafeHwnd(), nTabHeight, rcRoom);
 }
 
 void CBCGPMDIFrameWnd::OnChildFramesChanged()

@@ -27,11 +27,6 @@ BOOL CMenuBar::CreateBar(CWnd* pMainFrame)
     return Create(pszClass, nullptr, WS_CHILD | WS_CLIPSIBLINGS, CRect(0, 0, 0, 0), pMainFrame, 0);
 }
 
-int CMenuBar::GetHeight()
-{
-    return MENU_BAR_HEIGHT;
-}
-
 void CMenuBar::SetMenu(HMENU hMenu)
 {
     m_hMenu = hMenu;
@@ -41,17 +36,30 @@ void CMenuBar::SetMenu(HMENU hMenu)
 void CMenuBar::Refresh()
 {
     m_row.cells.clear();
-    int nLeft = MENU_BAR_INDENT;
     for (int nPos = 0; nPos < ::GetMenuItemCount(m_hMenu); ++nPos) {
         const UINT nPosition = static_cast<UINT>(nPos);
         const UINT nState = ::GetMenuState(m_hMenu, nPosition, MF_BYPOSITION);
         CString strLabel = ::GetMenuString(m_hMenu, nPosition, MF_BYPOSITION);
-        const int cx = MeasureLabel(strLabel, 0) + 2 * MENU_ITEM_PADDING;
-        m_row.cells.push_back({std::move(strLabel), (nState & (MF_GRAYED | MF_DISABLED)) == 0,
-                               CRect(nLeft, 0, nLeft + cx, MENU_BAR_HEIGHT)});
-        nLeft += cx;
+        const int nWidth = MeasureLabel(strLabel, 0) + 2 * MENU_ITEM_PADDING;
+        m_row.cells.push_back(
+            {std::move(strLabel), (nState & (MF_GRAYED | MF_DISABLED)) == 0, nWidth, CRect(0, 0, 0, 0)});
     }
     Invalidate();
+}
+
+int CMenuBar::Arrange(int nWidth)
+{
+    CPoint pt(MENU_BAR_INDENT, 0);
+    for (Item& item : m_row.cells) {
+        if (pt.x > MENU_BAR_INDENT && pt.x + item.nWidth > nWidth)
+            pt = CPoint(MENU_BAR_INDENT, pt.y + MENU_ROW_HEIGHT);
+        const CRect rc(pt, CSize(item.nWidth, MENU_ROW_HEIGHT));
+        if (rc != item.rc)
+            Invalidate();
+        item.rc = rc;
+        pt.x = rc.right;
+    }
+    return pt.y + MENU_ROW_HEIGHT;
 }
 
 // --- tracking

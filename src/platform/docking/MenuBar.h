@@ -1,5 +1,5 @@
-// The menu bar: the window that shows the items of the main frame's menu side by side and hands clicks on to
-// menu tracking. Knows the menu by handle only; reads its items when told to (Refresh), so that what the host
+// The menu bar: the window that shows the items of the main frame's menu side by side, in as many rows as they
+// need, and hands clicks on to menu tracking. Knows the menu by handle only; reads its items when told to (Refresh), so that what the host
 // changes is shown.
 #pragma once
 
@@ -20,8 +20,9 @@ public:
     /// Creates the bar as a hidden child of the main frame, without a size.
     BOOL CreateBar(CWnd* pMainFrame);
 
-    /// The height that the bar wants, in pixels.
-    static int GetHeight();
+    /// Places the items for a width in pixels: those that have no room go on in the next row.
+    /// @return the height that the bar wants, in pixels
+    int Arrange(int nWidth);
 
     /// Shows the items of hMenu; not owned. Null, and a menu that is destroyed later, show none.
     void SetMenu(HMENU hMenu);
@@ -56,6 +57,7 @@ private:
     {
         CString strText;
         bool bEnabled;
+        int nWidth;
         CRect rc;
     };
 

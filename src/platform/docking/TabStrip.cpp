@@ -13,6 +13,14 @@
 
 namespace splitframe {
 
+namespace {
+
+constexpr UINT_PTR REPEAT_TIMER = 1;
+constexpr UINT FIRST_REPEAT = 400; // milliseconds that an arrow is held until it goes on
+constexpr UINT NEXT_REPEAT = 100;
+
+} // namespace
+
 IMPLEMENT_DYNAMIC(CTabStrip, CWnd)
 
 BEGIN_MESSAGE_MAP(CTabStrip, CWnd)
@@ -23,6 +31,8 @@ ON_WM_MOUSEMOVE()
 ON_WM_MOUSELEAVE()
 ON_WM_LBUTTONDOWN()
 ON_WM_LBUTTONUP()
+ON_WM_TIMER()
+ON_WM_CAPTURECHANGED()
 ON_WM_MBUTTONDOWN()
 ON_WM_MBUTTONUP()
 ON_WM_MOUSEWHEEL()
@@ -158,12 +168,12 @@ void CTabStrip::PlaceTabs()
     GetClientRect(&rcClient);
     const int nWhole = std::max(0, rcClient.Width() - 2 * TAB_STRIP_INDENT);
     const int nFitting = FindWidthLimit(nWhole);
-    const bool bScrolls = nFitting < TAB_MIN_WIDTH;
+    const bool bScrolls = nFitting < TAB_READABLE_WIDTH;
     const int nRoom = std::max(0, bScrolls ? nWhole - 2 * TAB_ARROW_WIDTH : nWhole);
     m_rcRoom = CRect(CPoint(TAB_STRIP_INDENT, TAB_TOP), CSize(nRoom, TAB_STRIP_HEIGHT - TAB_TOP));
     int nLeft = TAB_STRIP_INDENT - m_nScroll;
     for (Tab& tab : m_row.cells) {
-        const int nRight = nLeft + std::min(tab.nWantedWidth, std::max(nFitting, TAB_MIN_WIDTH));
+        const int nRight = nLeft + std::min(tab.nWantedWidth, std::max(nFitting, TAB_READABLE_WIDTH));
         tab.rc = CRect(nLeft, TAB_TOP, nRight, TAB_STRIP_HEIGHT);
         nLeft = nRight;
     }
@@ -240,8 +250,9 @@ void CTabStrip::OnLButtonDown(UINT /*nFlags*/, CPoint pt)
 {
     const CCallScope scope;
     m_pressed = FindPart(pt);
+    SetHot(m_pressed);
     if (m_pressed.nArrow != 0)
-        ScrollTo(m_nScroll + m_pressed.nArrow * TAB_MIN_WIDTH);
+        HoldArrow(FIRST_REPEAT);
     else if (m_pressed.hFrame && !m_pressed.bMark)
         m_pMainFrame->MDIActivate(CWnd::FromHandle(m_pressed.hFrame));
 }
@@ -249,8 +260,31 @@ void CTabStrip::OnLButtonDown(UINT /*nFlags*/, CPoint pt)
 void CTabStrip::OnLButtonUp(UINT /*nFlags*/, CPoint pt)
 {
     const Part pressed = std::exchange(m_pressed, {});
+    if (pressed.nArrow != 0)
+        ReleaseCapture();
     if (pressed.bMark && pressed == FindPart(pt))
         CloseFrame(pressed.hFrame);
+}
+
+// Like a button of a scroll bar: it rests while the pointer is elsewhere, until the mouse is let go.
+void CTabStrip::HoldArrow(UINT nDelay)
+{
+    SetCapture();
+    ScrollTo(m_nScroll + m_pressed.nArrow * TAB_READABLE_WIDTH);
+    SetTimer(REPEAT_TIMER, nDelay);
+}
+
+void CTabStrip::OnTimer(UINT_PTR /*nIDEvent*/)
+{
+    if (m_hot == m_pressed)
+        HoldArrow(NEXT_REPEAT);
+}
+
+void CTabStrip::OnCaptureChanged(CWnd* pWnd)
+{
+    m_pressed = {};
+    KillTimer(REPEAT_TIMER);
+    CWnd::OnCaptureChanged(pWnd);
 }
 
 void CTabStrip::OnMButtonDown(UINT /*nFlags*/, CPoint pt)
@@ -267,7 +301,7 @@ void CTabStrip::OnMButtonUp(UINT /*nFlags*/, CPoint pt)
 
 BOOL CTabStrip::OnMouseWheel(UINT /*nFlags*/, short zDelta, CPoint pt)
 {
-    ScrollTo(m_nScroll - zDelta * TAB_MIN_WIDTH / WHEEL_DELTA);
+    ScrollTo(m_nScroll - zDelta * TAB_READABLE_WIDTH / WHEEL_DELTA);
     ScreenToClient(&pt);
     SetHot(FindPart(pt));
     return TRUE;

@@ -1,7 +1,7 @@
 // The strip of tabs under the menu bar: one tab for each shown child frame in the order of their creation,
 // bearing the frame's text. A press on a tab activates its frame; its close mark and the middle button close
 // the frame, which is asked like for every other way of closing. Where the tabs have no room the strip
-// scrolls, by the arrows at its end and the wheel. Knows the main frame it belongs to and child frames by
+// scrolls, by the arrows at its end, which go on while they are held, and the wheel. Knows the main frame it belongs to and child frames by
 // handle only; asks for them anew whenever something changed.
 #pragma once
 
@@ -54,6 +54,8 @@ protected:
     void OnMouseLeave();
     void OnLButtonDown(UINT nFlags, CPoint pt);
     void OnLButtonUp(UINT nFlags, CPoint pt);
+    void OnTimer(UINT_PTR nIDEvent);
+    void OnCaptureChanged(CWnd* pWnd);
     void OnMButtonDown(UINT nFlags, CPoint pt);
     void OnMButtonUp(UINT nFlags, CPoint pt);
     BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint pt);
@@ -87,6 +89,7 @@ private:
     void InvalidateFrame(HWND hFrame);
     Part FindPart(CPoint pt) const;
     void SetHot(const Part& part);
+    void HoldArrow(UINT nDelay);
     void CloseFrame(HWND hFrame);
     void DrawTab(CDC& dc, int nTab) const;
     void DrawTabShape(CDC& dc, const CRect& rc, bool bActive) const;
@@ -100,7 +103,7 @@ private:
     int m_nTabsWidth = 0; // of all tabs side by side
     int m_nScroll = 0;    // pixels that are scrolled away at the left
     Part m_hot;           // under the pointer
-    Part m_pressed;       // a mark that is pressed, or the tab that the middle button is pressed on
+    Part m_pressed;       // a mark or an arrow that is pressed, or the tab under the pressed middle button
 };
 
 } // namespace splitframe
