@@ -1,5 +1,6 @@
 // Recorded input: what is written is read back, and a recording repeated shows the same picture.
 #include "platform/display/InputRecord.h"
+#include "platform/window/Menu.h"
 #include "window/TestWindow.h"
 
 #include <filesystem>
@@ -33,6 +34,13 @@ TEST(InputRecordTest, WhatIsWrittenIsReadBack)
 class RepeatTest : public WindowTest
 {
 protected:
+    // As a program does; the end of the recording ends it.
+    static void Run()
+    {
+        for (MSG msg{}; GetMessage(&msg);)
+            HandleMessage(&msg);
+    }
+
     // A window that paints another colour after each of the inputs that it is told.
     void Play(const std::function<void(HeadlessDisplay&)>& user)
     {
@@ -74,15 +82,45 @@ TEST_F(RepeatTest, ARecordingRepeatedTellsAndShowsTheSame)
     Screen().SetClock(0);
     Play([&](HeadlessDisplay& display) {
         std::ifstream lines(file);
-        for (std::string strLine; std::getline(lines, strLine);) {
+        for (std::string strLine; std::getline(lines, strLine);)
             EXPECT_TRUE(display.Repeat(strLine)) << strLine;
-            Drain();
-        }
+        Run();
     });
     EXPECT_EQ(Told(), strFirst);
     EXPECT_EQ(Pixel(450, 320), RGB(200, 0, 0));
     std::filesystem::remove(file);
     EXPECT_NE(Narrow(Screen().RecordInput("/no/such/directory/x")), "");
+}
+
+// What the user answers stands in the recording behind what asks; submenus open while the pointer rests.
+TEST_F(RepeatTest, MenusAndMessageBoxesWaitForTheirInput)
+{
+    CMenu inner, menu;
+    inner.CreatePopupMenu();
+    inner.AppendMenu(MF_STRING, 7, L"inner");
+    menu.CreatePopupMenu();
+    menu.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(inner.Detach()), L"outer");
+    CLogWnd wnd("m", &m_log);
+    wnd.Open(nullptr, {0, 0, 400, 300});
+    wnd.m_on[WM_KEYDOWN] = [&] {
+        wnd.Log("chose " + std::to_string(menu.TrackPopupMenu(TPM_RETURNCMD, 10, 10, &wnd)));
+        wnd.Log("said " + std::to_string(AfxMessageBox(L"Sure?", MB_YESNO)));
+    };
+    wnd.m_on[WM_TIMER] = [&] { wnd.KillTimer(5); };
+    wnd.SetFocus();
+    wnd.SetTimer(5, 800);
+    Drain();
+    Told();
+    for (const char* pszLine : {"1100 key 70", "1200 move 20,20", "1700 key 40", "1700 key 13", "1900 text n"})
+        EXPECT_TRUE(Screen().Repeat(pszLine));
+    Run();
+    EXPECT_EQ(Told(), "m:key 70 | m:chose 7 | m:paint | m:inactive | m:blur | m:timer 5 | m:active | m:focus | m:said 7 | "
+                      "m:paint");
+    EXPECT_EQ(Screen().Now(), 1900U);
+
+    EXPECT_TRUE(Screen().Repeat("2000 key 70"));
+    Run();
+    EXPECT_EQ(Told(), "m:key 70 | m:chose 0 | m:paint | m:said 6") << "nobody is left to answer";
 }
 
 } // namespace

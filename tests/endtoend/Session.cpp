@@ -70,7 +70,8 @@ void Session::RepeatInput()
             continue;
         }
         EXPECT_TRUE(Display().Repeat(m_strLine)) << m_strLine;
-        splitframe::DrainMessages();
+        for (MSG msg{}; ::GetMessage(&msg);)
+            splitframe::HandleMessage(&msg);
         m_strTold += m_strLine + '\n';
         m_strLine.clear();
     }

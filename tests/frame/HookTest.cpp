@@ -1,5 +1,6 @@
 // Hosts' hooks that do what they should not: close their frame, open others, delete units, throw. Every test
 // ends with nothing left and with frames that open and close as before.
+#include "platform/window/Menu.h"
 #include "platform/window/WindowManager.h"
 #include "support/FrameHost.h"
 
@@ -215,6 +216,53 @@ TEST(Hooks, AGlobalUnitWhoseHidingClosesTheAdoptingFrameStaysWhereItWas)
     EXPECT_EQ(host.m_pMain->FindGlobalBaseUnitWnd(L"g")->GetParent(), pB->m_pView);
     EXPECT_EQ(host.Panes(), strPanes);
     host.ExpectSound();
+}
+
+// A unit of one frame asks the user; meanwhile a unit of the other frame ends everything.
+TEST(Hooks, TheMainFrameMayGoWhileAnAnswerIsAwaited)
+{
+    const std::function<void(HWND)> questions[] = {
+        [](HWND hMain) { ::MessageBoxW(hMain, L"Sure?", L"", MB_YESNO); },
+        [](HWND) { AfxMessageBox(L"Sure?", MB_YESNO); },
+        [](HWND hMain) {
+            CMenu menu;
+            menu.CreatePopupMenu();
+            menu.AppendMenu(MF_STRING, 7, L"seven");
+            ::TrackPopupMenu(menu.GetSafeHmenu(), TPM_RETURNCMD, 5, 5, hMain);
+        },
+    };
+    for (const char* pszMoment :
+         {"a.Click", "a.Focus", "a.Active0", "a.Size", "a.Draw", "a.Destroy", "a.Use1"}) {
+        for (const auto& question : questions) {
+            for (const bool bAsked : {false, true}) {
+                SCOPED_TRACE(testing::Message()
+                             << pszMoment << ' ' << &question - questions << ' ' << bAsked);
+                FrameHost host;
+                host.m_pDisplay->SetClock(0);
+                host.m_pDisplay->SetMessageBoxAnswer([](const auto&) { return 0; });
+                host.Load(Frames());
+                host.Open(L"B1");
+                const HWND hOther = host.Unit(L"e")->GetSafeHwnd();
+                const HWND hMain = host.m_pMain->GetSafeHwnd();
+                int nAsked = 0;
+                Log().hooks[pszMoment] = [&](CBaseUnitWnd*) {
+                    if (++nAsked > 1)
+                        return;
+                    ::PostMessage(hOther, WM_SETFOCUS, 0, 0); // no input: a menu would take that
+                    question(hMain);
+                };
+                Log().hooks["e.Focus"] = [&](CBaseUnitWnd*) {
+                    if (nAsked > 0)
+                        bAsked ? ::SendMessage(hMain, WM_CLOSE) : ::DestroyWindow(hMain);
+                };
+                LIVES[0].live(host);
+                EXPECT_GT(nAsked, 0);
+                // A frame in the middle of its end is not closed yet, and keeps the main frame.
+                const bool bStays = bAsked && std::string(pszMoment) == "a.Destroy";
+                EXPECT_EQ(::GetTopWindow(nullptr), bStays ? hMain : nullptr);
+            }
+        }
+    }
 }
 
 TEST(Hooks, AClassThatThrowsWhenItIsMade)

@@ -1,6 +1,5 @@
 // The headless display's pixels, input queue and clock.
 #include "platform/display/Headless.h"
-#include "platform/display/InputRecord.h"
 #include "platform/graphics/Png.h"
 #include "platform/graphics/SystemColors.h"
 #include "platform/window/Messages.h"
@@ -121,14 +120,28 @@ void HeadlessDisplay::Resize(int cx, int cy)
 
 bool HeadlessDisplay::Repeat(std::string_view line)
 {
-    const std::optional<TimedInput> input = ReadInput(line);
-    if (!input)
+    std::optional<TimedInput> input = ReadInput(line);
+    if (input)
+        m_toRepeat.push_back(std::move(*input));
+    return input.has_value();
+}
+
+// A timer that is due earlier goes first.
+bool HeadlessDisplay::RepeatNext(DWORD nMilliseconds)
+{
+    if (m_toRepeat.empty())
         return false;
-    SetClock(input->nTime);
-    if (input->event.kind == InputEvent::Kind::Resize)
-        Resize(input->event.size.cx, input->event.size.cy);
+    if (m_clock && nMilliseconds != INFINITE_WAIT && *m_clock + nMilliseconds < m_toRepeat.front().nTime) {
+        AdvanceClock(nMilliseconds);
+        return true;
+    }
+    const TimedInput next = std::move(m_toRepeat.front());
+    m_toRepeat.pop_front();
+    SetClock(next.nTime);
+    if (next.event.kind == InputEvent::Kind::Resize)
+        Resize(next.event.size.cx, next.event.size.cy);
     else
-        Queue(input->event);
+        Queue(next.event);
     return true;
 }
 
@@ -173,7 +186,7 @@ bool HeadlessDisplay::Wait(DWORD nMilliseconds)
 {
     std::unique_lock lock(m_mutex);
     const auto bWoken = [this] { return m_bWoken; };
-    bool bAnything = m_bWoken || !m_input.empty();
+    bool bAnything = m_bWoken || !m_input.empty() || RepeatNext(nMilliseconds);
     if (!bAnything && !m_clock) {
         if (nMilliseconds == INFINITE_WAIT)
             m_wakeUp.wait(lock, bWoken);
@@ -207,6 +220,8 @@ int HeadlessDisplay::ShowMessageBox(const MessageBoxRequest& request)
     m_boxes.push_back(request);
     if (m_answer)
         return m_answer(request);
+    if (!m_toRepeat.empty())
+        return 0;
     const UINT nButtons = request.nType & 0x0FU;
     return nButtons == MB_YESNO || nButtons == MB_YESNOCANCEL ? IDYES : IDOK;
 }

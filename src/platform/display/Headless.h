@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/display/Display.h"
+#include "platform/display/InputRecord.h"
 
 #include <condition_variable>
 #include <deque>
@@ -36,7 +37,10 @@ public:
     void Activate(bool bActive);
     void RequestClose();
     void Queue(const InputEvent& event);
-    /// Sets the clock and queues the input of one line that a display recorded. @return false: no such line
+    /// Lets the user do once more what a display recorded, one line after the other: the loop that would wait
+    /// takes the next one with the clock at its time, after the timers that are due before. So menus and
+    /// message boxes, which are shown then, wait for what follows; with the last line they end.
+    /// @return false: no such line
     bool Repeat(std::string_view line);
 
     // --- the clock: real until it is set for the first time
@@ -57,8 +61,8 @@ public:
     const CString& Title() const { return m_strTitle; }
     /// All message boxes so far.
     const std::vector<MessageBoxRequest>& MessageBoxes() const { return m_boxes; }
-    /// Answers message boxes; without it the answer is OK or Yes. The answer 0 has the real box shown, for
-    /// input.
+    /// Answers message boxes; without it the answer is OK or Yes, or what the input says that is repeated. The
+    /// answer 0 has the real box shown, for input.
     void SetMessageBoxAnswer(std::function<int(const MessageBoxRequest&)> answer);
 
     // --- Display
@@ -67,7 +71,8 @@ public:
     double Scale() const override { return m_dScale; }
     void Present(const Surface& surface, const Region& damage) override;
     void Resize(int cx, int cy) override;
-    /// With a set clock: true when a wake-up or input is there, else false at once, for time does not pass.
+    /// With a set clock: true when a wake-up or input is there or something is left to repeat, else false at
+    /// once, for time does not pass.
     bool Wait(DWORD nMilliseconds) override;
     void Wake() override;
     ULONGLONG Now() const override;
@@ -80,10 +85,13 @@ protected:
     bool TakeInput(InputEvent& event) override;
 
 private:
+    bool RepeatNext(DWORD nMilliseconds);
+
     SIZE m_size;
     double m_dScale;
     std::unique_ptr<Surface> m_pShown;
     std::deque<InputEvent> m_input;
+    std::deque<TimedInput> m_toRepeat;
     POINT m_ptMouse{};
     std::optional<ULONGLONG> m_clock;
     unsigned long m_nPresents = 0;
