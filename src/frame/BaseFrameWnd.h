@@ -80,8 +80,9 @@ public:
     void OnBaseFrameOpen(UINT nID);
 
     /// Opens a frame by the name of a style or, when no style has that name, of a frame (its first style,
-    /// unless it is open already). Names are compared exactly. Whatever came of it, the active frame is laid
-    /// out.
+    /// unless it is open already: then the one that it shows). Names are compared exactly. Whatever came of
+    /// it, the active frame is laid out. What hooks throw passes through, and the invalid-argument exception
+    /// of an open frame whose current style is none of its styles.
     virtual void OnBaseFrameOpen(const wchar_t* pszName);
 
     /// The name of the current style of the active frame.

@@ -132,16 +132,14 @@ bool CBaseFrameWnd::OpenByFrameName(const CString& strName)
     return false;
 }
 
-// Without a style the frame's own one is applied again. A hook may close the frame.
+// Without a style the frame's current one is applied again. A hook may close the frame.
 bool CBaseFrameWnd::SwitchOpenFrame(const CString& strName, std::optional<int> nStyle)
 {
     CFrameWnd* pFrame = FindOpenFrame(strName);
     if (!pFrame)
         return false;
     CBaseFrameDoc* pDoc = FrameDocOf(pFrame);
-    const int nNew = nStyle.value_or(pDoc->m_nCurStyle);
-    if (nNew >= 0 && nNew < pDoc->m_arrStyle.GetSize())
-        pDoc->ChangeStyle(nNew, false);
+    pDoc->ChangeStyle(nStyle.value_or(pDoc->m_nCurStyle), false);
     if (pFrame->GetSafeHwnd())
         pFrame->ActivateFrame(-1);
     return true;

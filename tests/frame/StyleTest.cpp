@@ -254,8 +254,7 @@ TEST(Style, OpeningAnOpenFrameSwitchesIt)
     EXPECT_STREQ(pA->GetCurrentStyleName(), L"U");
     EXPECT_EQ(host.OpenFrames(), "A B");
     host.m_pMain->FindBaseFrameDoc(L"A")->Clear();
-    host.m_pMain->OnBaseFrameOpen(L"A"); // nothing to switch to, but activated
-    EXPECT_EQ(host.ActiveDoc(), pA);
+    EXPECT_THROW(host.m_pMain->OnBaseFrameOpen(L"A"), CInvalidArgException*) << "nothing to switch to";
 }
 
 TEST(Style, AHundredOpeningsLeaveNothingBehind)
