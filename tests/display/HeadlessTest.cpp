@@ -15,16 +15,6 @@ namespace {
 
 using namespace splitframe;
 
-TEST(HeadlessTest, TheClockRunsUntilItIsSet)
-{
-    HeadlessDisplay display;
-    EXPECT_GT(display.Now(), 0U);
-    display.SetClock(500);
-    EXPECT_EQ(display.Now(), 500U);
-    display.AdvanceClock(40);
-    EXPECT_EQ(display.Now(), 540U);
-}
-
 TEST(HeadlessTest, Waiting)
 {
     HeadlessDisplay display;
@@ -40,17 +30,6 @@ TEST(HeadlessTest, Waiting)
     EXPECT_FALSE(display.Wait(0));
     display.MoveMouse(1, 1);
     EXPECT_TRUE(display.Wait(0));
-}
-
-TEST(HeadlessTest, OnlyTheDamageIsTaken)
-{
-    HeadlessDisplay display(20, 10);
-    Surface surface(20, 10, 1.0, RGB(9, 9, 9));
-    display.Present(surface, Region(RECT{2, 2, 5, 5}));
-    EXPECT_EQ(display.Shown().GetPixel(2, 2), RGB(9, 9, 9));
-    EXPECT_NE(display.Shown().GetPixel(5, 5), RGB(9, 9, 9));
-    EXPECT_EQ(display.PresentCount(), 1U);
-    EXPECT_EQ(display.LastPresented(), Region(RECT{2, 2, 5, 5}));
 }
 
 TEST(HeadlessTest, OddSizesAndScales)

@@ -111,11 +111,14 @@ TEST_F(RepeatTest, MenusAndMessageBoxesWaitForTheirInput)
     wnd.SetTimer(5, 800);
     Drain();
     Told();
-    for (const char* pszLine : {"1100 key 70", "1200 move 20,20", "1700 key 40", "1700 key 13", "1900 text n"})
+    for (const char* pszLine :
+         {"1100 key 70", "1200 move 20,20", "1700 key 40", "1700 key 13", "1900 text n"})
         EXPECT_TRUE(Screen().Repeat(pszLine));
     Run();
-    EXPECT_EQ(Told(), "m:key 70 | m:chose 7 | m:paint | m:inactive | m:blur | m:timer 5 | m:active | m:focus | m:said 7 | "
-                      "m:paint");
+    EXPECT_EQ(
+        Told(),
+        "m:key 70 | m:chose 7 | m:paint | m:inactive | m:blur | m:timer 5 | m:active | m:focus | m:said 7 | "
+        "m:paint");
     EXPECT_EQ(Screen().Now(), 1900U);
 
     EXPECT_TRUE(Screen().Repeat("2000 key 70"));

@@ -252,20 +252,6 @@ TEST_F(Bars, SwitchingPaintsTheTwoTabsOnly)
     EXPECT_EQ(m_recorder.paintCounts, expected);
 }
 
-TEST_F(Bars, TheActiveTabLooksDifferent)
-{
-    Open("A");
-    Open("B");
-    splitframe::DrainMessages();
-    const auto colour = [this](int nTab) {
-        CRect rc = Strip().GetTabRect(nTab);
-        Strip().ClientToScreen(&rc);
-        return splitframe::CurrentHeadless()->Shown().GetPixel(rc.left + 4, rc.top + 8);
-    };
-    EXPECT_EQ(colour(1), ::GetSysColor(COLOR_WINDOW));
-    EXPECT_NE(colour(0), colour(1));
-}
-
 // --- menu bar
 
 TEST_F(Bars, TheMenuBarShowsTheMenuAndOwnsIt)

@@ -82,17 +82,6 @@ TEST_F(Closing, TheNextFrameIsTheOneThatWasInFrontBefore)
     EXPECT_EQ(Stack(), "AB");
 }
 
-TEST_F(Closing, ADocumentThatRefusesKeepsItsFrame)
-{
-    Child* pFrame = Open("A");
-    auto* pDocument = static_cast<Document*>(pFrame->GetActiveDocument());
-    pDocument->m_bMayClose = FALSE;
-    m_recorder.Take();
-    pFrame->SendMessage(WM_CLOSE);
-    EXPECT_EQ(m_recorder.Take(), "A.Close; A.CanCloseFrame");
-    EXPECT_EQ(Stack(), "A");
-}
-
 TEST_F(Closing, TheMainFrameClosesItsChildrenFirstAndOneRefusalKeepsIt)
 {
     Open("A");
@@ -111,23 +100,6 @@ TEST_F(Closing, TheMainFrameClosesItsChildrenFirstAndOneRefusalKeepsIt)
                                  "C.Destroy; main.Destroy");
     EXPECT_EQ(m_app.m_pMainWnd, nullptr);
     EXPECT_EQ(m_recorder.nMains, 0);
-}
-
-TEST_F(Closing, WhicheverFrameRefusesTheMainFrameStays)
-{
-    const std::pair<const char*, const char*> cases[] = {{"A", "CBA"}, {"B", "CB"}, {"C", "C"}};
-    for (const auto& [refusing, left] : cases) {
-        SCOPED_TRACE(refusing);
-        std::map<std::string, Document*> documents;
-        for (const char* label : {"A", "B", "C"})
-            documents[label] = static_cast<Document*>(Open(label)->GetActiveDocument());
-        documents[refusing]->m_bMayClose = FALSE;
-        CloseMain();
-        EXPECT_EQ(Stack(), left);
-        EXPECT_NE(m_app.m_pMainWnd, nullptr);
-        documents[refusing]->m_bMayClose = TRUE;
-        SendToAll(WM_CLOSE);
-    }
 }
 
 TEST_F(Closing, CtrlF4ClosesTheActiveChildOnceAPress)
@@ -180,16 +152,6 @@ TEST_F(Closing, AFrameThatSkipsTheBasesDestroyHandlerStillEndsWhole)
     EXPECT_EQ(Stack(), "B");
     EXPECT_EQ(m_recorder.nFrames, 1);
     EXPECT_EQ(m_recorder.nDocuments, 1);
-}
-
-TEST_F(Closing, TheDestroyMessageSentByHandDestroysNothing)
-{
-    Child* pA = Open("A");
-    pA->SendMessage(WM_DESTROY);
-    EXPECT_EQ(Stack(), "A");
-    EXPECT_NE(pA->GetActiveDocument(), nullptr);
-    pA->SendMessage(WM_CLOSE);
-    EXPECT_EQ(Stack(), "main");
 }
 
 TEST_F(Closing, WithinACallObjectsOutliveTheirWindows)

@@ -305,32 +305,6 @@ TEST(DC, HugeShapesLookLikeTheirVisiblePart)
     EXPECT_EQ(huge.surface.GetPixel(35, 10), kRed);
 }
 
-TEST(DC, EllipseStaysInItsBoxAndIsSymmetric)
-{
-    Picture picture;
-    picture.dc.SelectStockObject(BLACK_BRUSH);
-    const RECT rc{4, 3, 34, 23};
-    picture.dc.Ellipse(&rc);
-    EXPECT_EQ(picture.Inked(), CRect(rc));
-    EXPECT_EQ(picture.surface.GetPixel(19, 13), 0U);
-    EXPECT_EQ(picture.surface.GetPixel(4, 3), kWhite);
-    for (int y = 3; y < 23; ++y)
-        for (int x = 4; x < 34; ++x)
-            ASSERT_NEAR(GetRValue(picture.surface.GetPixel(x, y)),
-                        GetRValue(picture.surface.GetPixel(37 - x, y)), 3);
-}
-
-TEST(DC, SharpAtAScale)
-{
-    Picture picture(20, 10, 2.0);
-    Line(picture.dc, {3, 2}, {9, 2});
-    EXPECT_EQ(splitframe::ColorFromPixel(picture.surface.Row(4)[6]), 0U);
-    EXPECT_EQ(splitframe::ColorFromPixel(picture.surface.Row(5)[17]), 0U);
-    EXPECT_EQ(splitframe::ColorFromPixel(picture.surface.Row(5)[5]), kWhite);
-    EXPECT_EQ(splitframe::ColorFromPixel(picture.surface.Row(6)[6]), kWhite);
-    EXPECT_EQ(picture.Inked(), CRect(3, 2, 9, 3));
-}
-
 TEST(DC, SavesAndRestoresAllState)
 {
     Picture picture;

@@ -29,18 +29,6 @@ CRect Measure(CDC& dc, const CString& str, int nWidth, UINT nFlags)
 
 } // namespace
 
-TEST(Text, MetricsAddUp)
-{
-    Picture picture;
-    TEXTMETRIC metrics{};
-    EXPECT_TRUE(picture.dc.GetTextMetrics(&metrics));
-    EXPECT_FALSE(picture.dc.GetTextMetrics(nullptr));
-    EXPECT_EQ(metrics.tmHeight, metrics.tmAscent + metrics.tmDescent);
-    EXPECT_GE(metrics.tmHeight, 12);
-    EXPECT_LE(metrics.tmHeight, 18);
-    EXPECT_GT(metrics.tmAveCharWidth, 3);
-}
-
 TEST(Text, ExtentGrowsWithTheText)
 {
     Picture picture;
@@ -240,13 +228,3 @@ TEST(Text, SharpAtAScaleAndLaidOutAlike)
     EXPECT_NEAR(dense.Inked().bottom, plain.Inked().bottom, 1);
 }
 
-TEST(Text, OpaqueFillsTheBoxOfTheText)
-{
-    Picture picture(100, 30);
-    picture.dc.SetBkMode(OPAQUE);
-    picture.dc.SetBkColor(kRed);
-    picture.dc.TextOut(10, 6, L"Hx");
-    const CSize size = picture.dc.GetTextExtent(L"Hx");
-    EXPECT_EQ(picture.Inked(), CRect(CPoint(10, 6), size));
-    EXPECT_EQ(picture.surface.GetPixel(10, 6), kRed);
-}

@@ -50,23 +50,4 @@ TEST_F(CommandTest, CommandsReachTheMostDerivedHandler)
     EXPECT_EQ(target.SendMessage(WM_USER + 1, 3), 6);
 }
 
-TEST_F(CommandTest, LooksOfCommands)
-{
-    CDerivedTarget target;
-    CMenu menu;
-    menu.CreatePopupMenu();
-    menu.AppendMenu(MF_STRING, 1, L"first");
-    menu.AppendMenu(MF_STRING, 500, L"gray");
-    menu.AppendMenu(MF_STRING, 9, L"nobody");
-    const UINT nExpected[] = {MF_CHECKED, MF_GRAYED, MF_GRAYED};
-    for (UINT n = 0; n < 3; ++n) {
-        CCmdUI ui;
-        ui.m_nID = menu.GetMenuItemID(static_cast<int>(n));
-        ui.m_nIndex = n;
-        ui.m_pMenu = &menu;
-        ui.DoUpdate(&target, TRUE);
-        EXPECT_EQ(menu.GetMenuState(n, MF_BYPOSITION), nExpected[n]);
-    }
-}
-
 } // namespace

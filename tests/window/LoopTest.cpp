@@ -175,14 +175,4 @@ TEST_F(LoopTest, PeekingLeavesTheMessage)
     EXPECT_FALSE(PeekMessage(&msg, PM_REMOVE));
 }
 
-TEST_F(LoopTest, MessageBoxesAreRecordedAndAnswered)
-{
-    EXPECT_EQ(AfxMessageBox(L"one"), IDOK);
-    EXPECT_EQ(AfxMessageBox(L"two", MB_YESNO), IDYES);
-    Screen().SetMessageBoxAnswer([](const splitframe::MessageBoxRequest&) { return IDNO; });
-    EXPECT_EQ(m_main.MessageBox(L"three", L"title", MB_YESNO), IDNO);
-    ASSERT_EQ(Screen().MessageBoxes().size(), 3U);
-    EXPECT_EQ(Narrow(Screen().MessageBoxes()[2].strCaption), "title");
-}
-
 } // namespace

@@ -3,31 +3,6 @@
 
 namespace {
 
-TEST(MenuTest, ItemsTextsAndStates)
-{
-    const HMENU hMenu = CreatePopupMenu();
-    const HMENU hSub = CreatePopupMenu();
-    EXPECT_TRUE(AppendMenuW(hSub, MF_STRING, 501, L"style"));
-    EXPECT_TRUE(AppendMenuW(hMenu, MF_POPUP, reinterpret_cast<UINT_PTR>(hSub), L"frame"));
-    EXPECT_TRUE(AppendMenuW(hMenu, MF_SEPARATOR, 0, nullptr));
-    EXPECT_TRUE(AppendMenuW(hMenu, MF_STRING | MF_CHECKED, 500, L"other"));
-    EXPECT_EQ(GetMenuItemCount(hMenu), 3);
-    EXPECT_EQ(GetMenuItemID(hMenu, 0), 0xFFFFFFFFU);
-    EXPECT_EQ(GetMenuItemID(hMenu, 2), 500U);
-    EXPECT_EQ(GetMenuItemID(hMenu, 3), 0xFFFFFFFFU);
-    EXPECT_EQ(GetSubMenu(hMenu, 0), hSub);
-    EXPECT_EQ(Narrow(GetMenuString(hMenu, 501, MF_BYCOMMAND)), "style") << "found in the submenu";
-    EXPECT_EQ(GetMenuState(hMenu, 2, MF_BYPOSITION), MF_CHECKED);
-    EXPECT_EQ(CheckMenuItem(hMenu, 500, MF_UNCHECKED), MF_CHECKED);
-    EXPECT_EQ(EnableMenuItem(hMenu, 500, MF_GRAYED), 0);
-    EXPECT_EQ(GetMenuState(hMenu, 500, MF_BYCOMMAND), MF_GRAYED);
-    EXPECT_EQ(EnableMenuItem(hMenu, 77, MF_GRAYED), -1);
-    EXPECT_TRUE(DestroyMenu(hMenu));
-    EXPECT_FALSE(IsMenu(hSub)) << "submenus go with their menu";
-    EXPECT_FALSE(DestroyMenu(hMenu));
-    EXPECT_EQ(GetMenuItemCount(hMenu), -1);
-}
-
 TEST(MenuTest, SubmenusHaveOneHolder)
 {
     const HMENU hA = CreateMenu();
