@@ -66,13 +66,14 @@ void CBaseFrameView::OnLButtonDown(UINT nFlags, CPoint /*pt*/)
     m_bButtonTold = (nFlags & MK_LBUTTON) != 0;
 }
 
-// The view's own release of the mouse is no loss of it: the drag is over before. The layout runs host code,
-// which may do anything.
+// The view's own release of the mouse is no loss of it: the drag is over before. It releases the mouse
+// whoever holds it: a unit hands the end of a press on. The layout runs host code, which may do anything.
 void CBaseFrameView::OnLButtonUp(UINT /*nFlags*/, CPoint pt)
 {
     const splitframe::CSplitLineLink line = m_pHitLine;
     const bool bDragged = std::exchange(m_bDragging, false);
-    LeaveLine();
+    m_pHitLine = nullptr;
+    ReleaseCapture();
     if (!bDragged || !line)
         return;
     if (!line->m_bMobile)

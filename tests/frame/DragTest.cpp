@@ -307,6 +307,9 @@ TEST_F(DragTest, OtherButtonsDoNotMatter)
     Mouse().ReleaseButton(VK_RBUTTON);
     m_pHost->Settle();
     EXPECT_EQ(m_pHost->Unit(L"a")->m_pBaseUnitInfo->m_cx, 310);
+    m_pHost->Unit(L"a")->SetCapture(); // for a drag of its own; the base hands its end on
+    Release();
+    EXPECT_EQ(::GetCapture(), nullptr);
 }
 
 TEST_F(DragTest, InWindowsOfAnySize)

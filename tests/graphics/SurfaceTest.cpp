@@ -1,5 +1,4 @@
-// Surfaces: edges at every scale, copies that overlap and leave, the exclusive-or plane, PNG files and their
-// faults.
+// Surfaces: edges at every scale, copies that overlap and leave, PNG files and their faults.
 #include "Picture.h"
 
 #include "platform/graphics/Png.h"

@@ -215,16 +215,3 @@ TEST(Text, CacheIsNotSeen)
     EXPECT_EQ(draw(1.0), nPlain);
     EXPECT_EQ(draw(2.0), nDense);
 }
-
-TEST(Text, SharpAtAScaleAndLaidOutAlike)
-{
-    Picture plain(200, 30);
-    Picture dense(200, 30, 2.0);
-    const CSize size = plain.dc.GetTextExtent(L"The same layout");
-    EXPECT_NEAR(dense.dc.GetTextExtent(L"The same layout").cx, size.cx, 4);
-    dense.dc.TextOut(4, 4, L"The same layout");
-    plain.dc.TextOut(4, 4, L"The same layout");
-    EXPECT_NEAR(dense.Inked().right, plain.Inked().right, 4);
-    EXPECT_NEAR(dense.Inked().bottom, plain.Inked().bottom, 1);
-}
-

@@ -179,16 +179,6 @@ TEST_F(PaintingTest, ChangingTheTreeWhilePaintingEndsWell)
     EXPECT_EQ(Pixel(250, 50), BLUE);
 }
 
-TEST_F(PaintingTest, UpdateWindowPaintsAtOnce)
-{
-    m_a.Invalidate();
-    m_b.Invalidate();
-    m_a.UpdateWindow();
-    EXPECT_EQ(m_a.m_nPaints, 1);
-    EXPECT_EQ(m_b.m_nPaints, 0);
-    EXPECT_EQ(Paints(), "m0 a1 b1");
-}
-
 TEST_F(PaintingTest, AClientContextDrawsOnlyWhatIsVisible)
 {
     m_b.MoveWindow(50, 10, 100, 100);
@@ -273,30 +263,6 @@ TEST_F(PaintingTest, AMarkBelowAWindowUncoveredWithoutRepaintingIsNotLost)
     wndInner.Invalidate();
     Drain();
     EXPECT_EQ(wndInner.m_nPaints, nBefore + 1);
-}
-
-TEST_F(PaintingTest, AThousandPanesAreEachPaintedOnce)
-{
-    m_a.DestroyWindow();
-    m_b.DestroyWindow();
-    std::vector<std::unique_ptr<CLogWnd>> panes;
-    for (int n = 0; n < 1000; ++n) {
-        panes.push_back(std::make_unique<CLogWnd>("p"));
-        const int x = n % 40 * 10;
-        const int y = n / 40 * 12;
-        panes.back()->m_color = RGB(n % 256, n / 256, 7);
-        panes.back()->Open(&m_main, {x, y, x + 10, y + 12});
-    }
-    Drain();
-    for (int nPass = 0; nPass < 2; ++nPass) {
-        for (const auto& pPane : panes)
-            pPane->BringWindowToTop();
-    }
-    Drain();
-    for (int n = 0; n < 1000; ++n) {
-        EXPECT_EQ(panes[static_cast<std::size_t>(n)]->m_nPaints, 1);
-        ASSERT_EQ(Pixel(n % 40 * 10 + 9, n / 40 * 12 + 11), RGB(n % 256, n / 256, 7));
-    }
 }
 
 } // namespace
