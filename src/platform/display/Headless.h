@@ -61,8 +61,8 @@ public:
     const CString& Title() const { return m_strTitle; }
     /// All message boxes so far.
     const std::vector<MessageBoxRequest>& MessageBoxes() const { return m_boxes; }
-    /// Answers message boxes; without it the answer is OK or Yes, or what the input says that is repeated. The
-    /// answer 0 has the real box shown, for input.
+    /// Answers message boxes; without it the answer is OK or Yes, or what the input says that is repeated.
+    /// The answer 0 has the real box shown, for input.
     void SetMessageBoxAnswer(std::function<int(const MessageBoxRequest&)> answer);
 
     // --- Display

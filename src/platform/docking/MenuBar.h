@@ -1,6 +1,6 @@
-// The menu bar: the window that shows the items of the main frame's menu side by side, in as many rows as they
-// need, and hands clicks on to menu tracking. Knows the menu by handle only; reads its items when told to (Refresh), so that what the host
-// changes is shown.
+// The menu bar: the window that shows the items of the main frame's menu side by side, in as many rows as
+// they need, and hands clicks on to menu tracking. Knows the menu by handle only; reads its items when told
+// to (Refresh), so that what the host changes is shown.
 #pragma once
 
 #include "platform/docking/CellRow.h"

@@ -1,8 +1,8 @@
 // The strip of tabs under the menu bar: one tab for each shown child frame in the order of their creation,
 // bearing the frame's text. A press on a tab activates its frame; its close mark and the middle button close
 // the frame, which is asked like for every other way of closing. Where the tabs have no room the strip
-// scrolls, by the arrows at its end, which go on while they are held, and the wheel. Knows the main frame it belongs to and child frames by
-// handle only; asks for them anew whenever something changed.
+// scrolls, by the arrows at its end, which go on while they are held, and the wheel. Knows the main frame it
+// belongs to and child frames by handle only; asks for them anew whenever something changed.
 #pragma once
 
 #include "platform/docking/CellRow.h"
