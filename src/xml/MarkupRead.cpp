@@ -150,7 +150,8 @@ bool CMarkup::x_FindValue(int iPos, const wchar_t* pszAttrib, AttribNotes::Value
     return true;
 }
 
-CString CMarkup::x_GetAttrib(int iPos, const wchar_t* pszAttrib) const
+// In one piece with the search: this runs for every value.
+[[gnu::flatten]] CString CMarkup::x_GetAttrib(int iPos, const wchar_t* pszAttrib) const
 {
     AttribNotes::Value value;
     if (iPos == 0 || m_nMainKind != MNK_ELEMENT || !pszAttrib || !x_FindValue(iPos, pszAttrib, value))
