@@ -174,6 +174,8 @@ void SdlInput::TakeKey(const SDL_KeyboardEvent& event)
     TellHeldKey();
     if (nKey == VK_CONTROL)
         m_bControl = bDown;
+    if (bDown && nKey == 0)
+        m_bTapCounts = false; // such as an accent that waits for its letter
     // Of two equal keys that are held the last one released counts.
     const int nOther = nKey == VK_SHIFT ? KMOD_SHIFT : nKey == VK_CONTROL ? KMOD_CTRL : 0;
     if (nKey == 0 || (!bDown && (event.keysym.mod & nOther) != 0))
