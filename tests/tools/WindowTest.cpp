@@ -84,7 +84,7 @@ TEST_F(ViewerWindowTest, KeepsTheFramesWhileTheFileIsBroken)
     EXPECT_EQ(Window().GetBaseFrameDocs().GetSize(), 1);
 }
 
-TEST_F(ViewerWindowTest, WaitsUntilAFileIsWrittenWhole)
+TEST_F(ViewerWindowTest, WaitsUntilAFileIsWrittenWholeAndNoMenuIsOpen)
 {
     Start(kTwoFrames);
     for (int nPart = 0; nPart < 5; ++nPart) {
@@ -93,7 +93,11 @@ TEST_F(ViewerWindowTest, WaitsUntilAFileIsWrittenWhole)
         splitframe::DrainMessages();
     }
     EXPECT_FALSE(Window().GetStatusLine().IsError()) << Status();
+    Press(VK_F1 + 9);
     m_place.Write("f.xml", Pair());
+    LetFileSettle();
+    EXPECT_EQ(Status(), "Loaded 2 frames");
+    Press(VK_ESCAPE);
     LetFileSettle();
     EXPECT_EQ(Status(), "Reloaded 1 frame");
 }
@@ -176,6 +180,9 @@ TEST_F(ViewerWindowTest, HidesAndShowsWhatIsBesideThePaneInUse)
     click("A");
     Press(VK_RIGHT, true); // both panes at once
     EXPECT_EQ(RectOf("A").right, 798);
+    Press(kF5);
+    EXPECT_EQ(RectOf("A").right, 798) << "hidden again, after the file was read anew";
+    EXPECT_TRUE(isLocked());
     Press('0', true);
     EXPECT_EQ(Panes(), strAll);
     EXPECT_FALSE(isLocked());

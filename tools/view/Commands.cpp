@@ -21,19 +21,19 @@ constexpr WORD FunctionKey(int nKey)
 }
 
 constexpr Command kCommands[] = {
-    {"File", "&Reload the layout file", ID_RELOAD, FunctionKey(5), 0},
-    {"File", "&Save the dragged lines", ID_SAVE, 'S', FCONTROL},
+    {"File", "&Reload", ID_RELOAD, FunctionKey(5), 0},
+    {"File", "&Save lines", ID_SAVE, 'S', FCONTROL},
     {"File", nullptr, 0, 0, 0},
-    {"File", "&Close the frame", ID_CLOSE_FRAME, 'W', FCONTROL},
+    {"File", "&Close frame", ID_CLOSE_FRAME, 'W', FCONTROL},
     {"File", "E&xit", ID_EXIT, 'Q', FCONTROL},
-    {"Panes", "Hide or show what is at the &left", ID_HIDE_LEFT, VK_LEFT, FCONTROL},
-    {"Panes", "Hide or show what is at the &right", ID_HIDE_RIGHT, VK_RIGHT, FCONTROL},
+    {"Panes", "Hide or show what is on the &left", ID_HIDE_LEFT, VK_LEFT, FCONTROL},
+    {"Panes", "Hide or show what is on the &right", ID_HIDE_RIGHT, VK_RIGHT, FCONTROL},
     {"Panes", "Hide or show what is &above", ID_HIDE_ABOVE, VK_UP, FCONTROL},
     {"Panes", "Hide or show what is &below", ID_HIDE_BELOW, VK_DOWN, FCONTROL},
     {"Panes", "&Show all panes", ID_SHOW_ALL, '0', FCONTROL},
     {"Panes", nullptr, 0, 0, 0},
-    {"Panes", "Loc&k all lines", ID_LOCK_LINES, 'L', FCONTROL},
-    {"Help", "&Print the state of the frames", ID_PRINT_STATE, FunctionKey(12), 0},
+    {"Panes", "Loc&k lines", ID_LOCK_LINES, 'L', FCONTROL},
+    {"Help", "&Print state", ID_PRINT_STATE, FunctionKey(12), 0},
     {"Help", "&Keys", ID_SHOW_KEYS, FunctionKey(1), 0},
 };
 

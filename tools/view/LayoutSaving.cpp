@@ -7,8 +7,16 @@
 #include "platform/base/Exception.h"
 #include "platform/file/ReplacementFile.h"
 
+#include <system_error>
+
 namespace viewer {
 namespace {
+
+std::string Reason(const CFileException& failure)
+{
+    return failure.m_lOsError != 0 ? std::generic_category().message(static_cast<int>(failure.m_lOsError))
+                                   : failure.GetErrorMessage().ToUtf8();
+}
 
 // @return empty, or why the file could not be replaced
 std::string ReplaceFile(const std::string& strFile, const std::string& strBytes)
@@ -18,11 +26,11 @@ std::string ReplaceFile(const std::string& strFile, const std::string& strBytes)
         CReplacementFile file;
         CFileException failure;
         if (!file.Open(WidePath(strFile, old.Get()), &failure))
-            return failure.GetErrorMessage().ToUtf8();
+            return Reason(failure);
         file.Write(strBytes.data(), static_cast<UINT>(strBytes.size()));
         file.Commit();
     } catch (CFileException* pException) {
-        std::string strReason = pException->GetErrorMessage().ToUtf8();
+        std::string strReason = Reason(*pException);
         pException->Delete();
         return strReason;
     }

@@ -5,12 +5,25 @@
 #include "document/BaseFrameDoc.h"
 #include "layout/SplitLine.h"
 
+#include <algorithm>
+
 namespace viewer {
 namespace {
 
 bool IsHidden(const CSplitLine* pSide)
 {
     return pSide && !pSide->m_bShow;
+}
+
+// What lies on either side of the lines: all of a tree but its root.
+std::vector<CSplitLine*> SidesOf(const CBaseFrameDoc& document)
+{
+    std::vector<CSplitLine*> sides;
+    for (const CSplitLine* pLine : LinesOf(document))
+        for (CSplitLine* pSide : {pLine->m_pFirst.Get(), pLine->m_pSecond.Get()})
+            if (pSide)
+                sides.push_back(pSide);
+    return sides;
 }
 
 } // namespace
@@ -53,13 +66,33 @@ void LockLines(const CBaseFrameDoc& document, bool bLockAll)
     }
 }
 
+std::vector<CString> HiddenParts(const CBaseFrameDoc& document)
+{
+    std::vector<CString> names;
+    for (const CSplitLine* pSide : SidesOf(document))
+        if (IsHidden(pSide))
+            names.push_back(pSide->m_strName);
+    return names;
+}
+
+bool HideParts(const CBaseFrameDoc& document, const std::vector<CString>& names)
+{
+    bool bFound = false;
+    for (CSplitLine* pSide : SidesOf(document)) {
+        if (std::ranges::find(names, pSide->m_strName) == names.end())
+            continue;
+        pSide->m_bShow = false;
+        bFound = true;
+    }
+    return bFound;
+}
+
 bool ShowAll(const CBaseFrameDoc& document)
 {
     bool bHidden = false;
-    for (const CSplitLine* pLine : LinesOf(document))
-        for (CSplitLine* pSide : {pLine->m_pFirst.Get(), pLine->m_pSecond.Get()})
-            if (IsHidden(pSide))
-                bHidden = pSide->m_bShow = true;
+    for (CSplitLine* pSide : SidesOf(document))
+        if (IsHidden(pSide))
+            bHidden = pSide->m_bShow = true;
     return bHidden;
 }
 

@@ -89,8 +89,8 @@ void PanePainter::PaintBand(CDC& dc, CRect rc, const PaneTexts& texts, const Pan
     dc.DrawText(texts.strName, rc, kOneLine);
 }
 
-// Size and place on one line, or on two where they do not fit on one; the parameter string on as many as fit
-// whole.
+// Size and place on one line, or on two where they do not fit on one; notes below; the parameter string on as
+// many as fit whole.
 void PanePainter::PaintBody(CDC& dc, CRect rc, const PaneTexts& texts, const PaneColors& colors)
 {
     rc.DeflateRect(MarginOf(rc), 4);
@@ -106,6 +106,8 @@ void PanePainter::PaintBody(CDC& dc, CRect rc, const PaneTexts& texts, const Pan
         TakeLine(dc, rc, nLine, texts.strSize);
         TakeLine(dc, rc, nLine, texts.strPlace);
     }
+    if (!texts.strNotes.IsEmpty())
+        TakeLine(dc, rc, nLine, texts.strNotes);
     rc.top += 4;
     dc.SetTextColor(colors.text);
     if (rc.Height() < 2 * nLine)

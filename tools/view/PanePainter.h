@@ -15,7 +15,8 @@ struct PaneTexts
 {
     CString strName;
     CString strSize;
-    CString strPlace; // and what else is to be said in passing
+    CString strPlace;
+    CString strNotes; // what else is to be said in passing
     CString strParam;
 };
 

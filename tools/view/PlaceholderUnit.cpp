@@ -137,11 +137,13 @@ viewer::PaneTexts CPlaceholderUnit::Texts() const
     texts.strParam = m_strShownParam;
     texts.strSize.Format(L"%d × %d", rc.Width(), rc.Height());
     texts.strPlace.Format(L"at %d, %d", rc.left, rc.top);
-    if (IsWidthFixed())
-        texts.strPlace += L", fixed width";
-    if (IsHeightFixed())
-        texts.strPlace += L", fixed height";
-    if (m_pBaseUnitInfo && m_pBaseUnitInfo->m_bGlobal)
-        texts.strPlace += L", global";
+    const auto note = [&texts](bool bHolds, const wchar_t* pszWhat) {
+        if (bHolds)
+            texts.strNotes += (texts.strNotes.IsEmpty() ? L"" : L", ") + CString(pszWhat);
+    };
+    note(IsWidthFixed() && IsHeightFixed(), L"fixed size");
+    note(IsWidthFixed() && !IsHeightFixed(), L"fixed width");
+    note(!IsWidthFixed() && IsHeightFixed(), L"fixed height");
+    note(m_pBaseUnitInfo && m_pBaseUnitInfo->m_bGlobal, L"global");
     return texts;
 }

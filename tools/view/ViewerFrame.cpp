@@ -6,8 +6,8 @@
 #include "document/BaseFrameDoc.h"
 #include "document/BaseFrameHelper.h"
 #include "document/BaseFrameView.h"
+#include "frame/BaseFrameChildWnd.h"
 #include "platform/display/Display.h"
-#include "platform/docview/MDIChildWnd.h"
 #include "platform/window/MessageLoop.h"
 
 #include <algorithm>
@@ -55,9 +55,13 @@ CBaseFrameDoc* CViewerFrame::OpenStyle(int nFrame, int nStyle)
 {
     CloseFrames();
     ShowStyle(nFrame, nStyle);
-    const CMDIChildWnd* pChild = MDIGetActive();
-    const CView* pView = pChild ? pChild->GetActiveView() : nullptr;
-    return pView ? DYNAMIC_DOWNCAST(CBaseFrameDoc, pView->GetDocument()) : nullptr;
+    return FrontDocument();
+}
+
+CBaseFrameDoc* CViewerFrame::FrontDocument() const
+{
+    auto* pFrame = DYNAMIC_DOWNCAST(CBaseFrameChildWnd, MDIGetActive());
+    return pFrame ? pFrame->GetFrameDoc() : nullptr;
 }
 
 void CViewerFrame::CloseFrames()

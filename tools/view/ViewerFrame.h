@@ -36,6 +36,9 @@ public:
     /// @return the opened document, or null when the frame could not be made
     CBaseFrameDoc* OpenStyle(int nFrame, int nStyle);
 
+    /// The document of the frame in front, or null.
+    CBaseFrameDoc* FrontDocument() const;
+
     /// Closes every open frame.
     void CloseFrames();
 

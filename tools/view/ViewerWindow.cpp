@@ -9,6 +9,7 @@
 #include "document/BaseFrameDoc.h"
 #include "document/BaseFrameView.h"
 #include "frame/BaseFrameChildWnd.h"
+#include "platform/docking/MenuBar.h"
 #include "platform/window/MessageLoop.h"
 
 #include <cstdio>
@@ -109,13 +110,13 @@ void CViewerWindow::BuildMenuBar()
     FillStyleMenu();
 }
 
-// --- the frame in front
-
-CBaseFrameDoc* CViewerWindow::FrontDocument() const
+bool CViewerWindow::IsMenuOpen() const
 {
-    auto* pFrame = DYNAMIC_DOWNCAST(CBaseFrameChildWnd, MDIGetActive());
-    return pFrame ? pFrame->GetFrameDoc() : nullptr;
+    const auto* pBar = DYNAMIC_DOWNCAST(splitframe::CMenuBar, GetMenuBarWnd());
+    return pBar && pBar->GetMarkedItem() >= 0;
 }
+
+// --- the frame in front
 
 int CViewerWindow::PositionOf(const CBaseFrameDoc& document) const
 {
@@ -226,7 +227,8 @@ void CViewerWindow::OnPrintState()
 {
     std::fputs(DumpState().ToUtf8().c_str(), stdout);
     const bool bPrinted = std::fflush(stdout) == 0;
-    m_status.ShowText(bPrinted ? L"The state is on standard output" : L"Standard output can't be written",
+    m_status.ShowText(bPrinted ? L"The state was printed on standard output"
+                               : L"Standard output can't be written",
                       !bPrinted);
 }
 

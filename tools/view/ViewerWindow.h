@@ -70,10 +70,10 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    CBaseFrameDoc* FrontDocument() const;
     CPlaceholderUnit* FocusedPane() const;
     int PositionOf(const CBaseFrameDoc& document) const;
     void BuildMenuBar();
+    bool IsMenuOpen() const;
     void FillStyleMenu();
     void LockLines();
 

@@ -40,12 +40,12 @@ void CViewerWindow::WatchFile()
     SetTimer(kWatchTimer, kWatchInterval);
 }
 
-// While a line is dragged, or a question waits for its answer, the file can wait.
+// While a line is dragged, a menu is open, or a question waits for its answer, the file can wait.
 void CViewerWindow::OnTimer(UINT_PTR nIDEvent)
 {
     if (nIDEvent != kWatchTimer)
         return CViewerFrame::OnTimer(nIDEvent);
-    if (!m_bAsking && !IsMouseHeld() && m_watch.HasSettledChange())
+    if (!m_bAsking && !IsMouseHeld() && !IsMenuOpen() && m_watch.HasSettledChange())
         Reload(KeepDragged::Yes);
 }
 
