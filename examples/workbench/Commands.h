@@ -12,6 +12,7 @@ inline constexpr UINT ID_VIEW_PREVIOUS_FRAME = 1012;
 inline constexpr UINT ID_VIEW_GRID = 1013;
 inline constexpr UINT ID_VIEW_LIMITS = 1014;
 inline constexpr UINT ID_VIEW_LOCK = 1015;
+inline constexpr const wchar_t* TEXT_LOCK = L"&Lock layout\tCtrl+L"; // in menu bar and context menus
 inline constexpr UINT ID_VIEW_FAHRENHEIT = 1016;
 inline constexpr UINT ID_VIEW_SETTINGS = 1017;
 inline constexpr UINT ID_PLANT_PAUSE = 1021;

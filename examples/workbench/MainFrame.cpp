@@ -80,7 +80,7 @@ void CMainFrame::BuildMenus()
                                   {0, nullptr},
                                   {ID_PANE_NEIGHBOUR, TEXT_NEIGHBOUR},
                                   {ID_PANE_SWAP, TEXT_SWAP},
-                                  {ID_VIEW_LOCK, L"&Lock split lines\tCtrl+L"},
+                                  {ID_VIEW_LOCK, TEXT_LOCK},
                                   {0, nullptr},
                                   {ID_VIEW_GRID, L"&Grid lines"},
                                   {ID_VIEW_LIMITS, L"&Alarm limits"},
@@ -89,7 +89,7 @@ void CMainFrame::BuildMenus()
                                   {ID_VIEW_SETTINGS, L"&Edit settings\tCtrl+E"}}),
                        L"&View");
     AppendMenuBarPopup(m_hBaseFrameMenu, L"F&rames"); // built by the library from the layout definition
-    AppendMenuBarPopup(MakePopup({{ID_PLANT_PAUSE, L"&Pause the feed\tF7"},
+    AppendMenuBarPopup(MakePopup({{ID_PLANT_PAUSE, L"&Pause data\tF7"},
                                   {ID_PLANT_ACKNOWLEDGE, L"&Acknowledge alarms\tF12"},
                                   {ID_PANE_WATCH, L"&Watch in the banner\tCtrl+B"}}),
                        L"&Plant");
@@ -218,8 +218,8 @@ void CMainFrame::OnPlantPause()
 {
     CWorkbenchApp& app = CWorkbenchApp::Get();
     app.GetFeed().SetPaused(!app.GetFeed().IsPaused());
-    app.AddToJournal(Severity::Operator, L"Feed",
-                     app.GetFeed().IsPaused() ? L"Feed paused" : L"Feed resumed");
+    app.AddToJournal(Severity::Operator, L"Data",
+                     app.GetFeed().IsPaused() ? L"Data paused" : L"Data resumed");
     CBaseUnitWnd::BroadcastCommand(UNIT_CMD_JOURNAL_CHANGED, 0);
 }
 
@@ -232,17 +232,20 @@ void CMainFrame::OnPlantAcknowledge()
 
 void CMainFrame::OnHelpKeys()
 {
-    ::AfxMessageBox(L"Drag the lines between panes to divide the frame. A button in a caption hides a "
-                    L"neighbour, a double click on a chart shows the samples as a table, a right click opens "
-                    L"a menu, the wheel scrolls and changes the time span of charts.\n\n"
-                    L"Tab\u2003next pane\nCtrl+Tab\u2003next frame\nCtrl+F4\u2003close the frame\n"
-                    L"F9\u2003hide or show the neighbour\nF11\u2003chart or table\n"
-                    L"Alt or F10\u2003the menus");
+    ::AfxMessageBox(L"Drag the lines between panes to make room for one of them. The button in a caption "
+                    L"hides what is beside a pane, a double click shows a chart as a table, and a right "
+                    L"click opens a menu. The wheel scrolls lists and changes the time span of charts.\n\n"
+                    L"Tab:  next pane\n"
+                    L"Ctrl+Tab:  next frame\n"
+                    L"Ctrl+F4:  close the frame\n"
+                    L"F9:  hide what is beside the pane, or show it again\n"
+                    L"F11:  chart or table\n"
+                    L"Alt or F10:  menus");
 }
 
 void CMainFrame::OnHelpAbout()
 {
-    ::AfxMessageBox(L"Pilot Plant Workbench\n\nA sample host of Splitframe. The plant is made up.");
+    ::AfxMessageBox(L"Pilot Plant Workbench\n\nA sample application for Splitframe. The plant is made up.");
 }
 
 /// A check mark at the style that is in front.

@@ -156,6 +156,6 @@ void Session::OpenInstruments()
 {
     m_screen.Click(MenuTitle(L"Frames"));
     m_screen.Click(MenuLine(L"Instruments"));
-    m_screen.Click(MenuLine(L"Table and card"));
+    m_screen.Click(MenuLine(L"Table and details"));
     ASSERT_TRUE(Until([&] { return ActiveName() == L"Instruments"; }));
 }

@@ -21,7 +21,7 @@ class BehaviourTest : public WorkbenchTest
 
 TEST_F(BehaviourTest, AClickOnARowShowsItsInstrumentEverywhere)
 {
-    Open(L"Table and card");
+    Open(L"Table and details");
     auto& table = Unit<CTableUnit>(L"Table");
     Click(table, table.GetInstrumentRect(3).CenterPoint());
 

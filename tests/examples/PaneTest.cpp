@@ -102,7 +102,7 @@ TEST_F(PaneTest, WhatIsHiddenInOneFrameOrStyleIsShownInTheNext)
 
 TEST_F(PaneTest, ADoubleClickSwapsAChartForATableAndBack)
 {
-    Open(L"Table and card");
+    Open(L"Table and details");
     auto& chart = Unit<CChartUnit>(L"Trend");
     auto& history = Unit<CHistoryUnit>(L"History");
     auto& table = Unit<CTableUnit>(L"Table");
@@ -160,7 +160,7 @@ TEST_F(PaneTest, TheLockFixesTheLinesOfAllFrames)
 
 TEST_F(PaneTest, WhatIsWatchedStandsInTheBanner)
 {
-    Open(L"Table and card");
+    Open(L"Table and details");
     auto& table = Unit<CTableUnit>(L"Table");
     auto& banner = Unit<CBannerUnit>(L"Banner");
     const auto choose = [&](UINT nLetter) { // from the context menu: both are handled by one loop
@@ -207,7 +207,7 @@ TEST_F(PaneTest, TabGoesThroughThePanesInSightAndTheForm)
 TEST_F(PaneTest, MenuItemsFollowThePaneWithTheKeyboard)
 {
     EXPECT_NE(MenuState(ID_PANE_NEIGHBOUR) & MF_GRAYED, 0U);
-    Open(L"Table and card");
+    Open(L"Table and details");
     Unit<CTableUnit>(L"Table").SetFocus();
     EXPECT_EQ(MenuState(ID_PANE_NEIGHBOUR) & MF_GRAYED, 0U);
     EXPECT_NE(MenuState(ID_PANE_SWAP) & MF_GRAYED, 0U);

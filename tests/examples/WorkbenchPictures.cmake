@@ -3,7 +3,7 @@
 set(pictures
     overview-process overview-figures-and-trend overview-wall-display
     trends-one-trend trends-four-trends
-    instruments-table-and-card instruments-table-and-journal
+    instruments-table-and-details instruments-table-and-journal
     alarms-alarm-desk setup-settings-and-time)
 
 file(REMOVE_RECURSE ${WORK})

@@ -11,6 +11,8 @@ namespace {
 constexpr int PILL_WIDTH = 108;
 constexpr int PILL_HEIGHT = 22;
 constexpr int PILL_GAP = 8;
+constexpr int WIDTH_FOR_DUTY = 60;  // less shows nothing that can be read
+constexpr int WIDTH_FOR_LOCK = 420; // less belongs to the title and the alarms
 
 } // namespace
 
@@ -37,6 +39,8 @@ LRESULT CBannerUnit::ProcessCommand(UINT nCmd, LPARAM lParam)
 CRect CBannerUnit::GetPillRect(int nFromRight) const
 {
     const CRect rc = GetContentRect();
+    if (nFromRight > 0 && rc.Width() < WIDTH_FOR_LOCK)
+        return {};
     const int nMiddle = rc.CenterPoint().y;
     const int nRight = rc.right - 14 - nFromRight * (PILL_WIDTH + PILL_GAP);
     return {nRight - PILL_WIDTH, nMiddle - PILL_HEIGHT / 2, nRight, nMiddle + PILL_HEIGHT / 2};
@@ -58,17 +62,19 @@ void CBannerUnit::Draw(CDC& dc, const CRect& rc)
     CRect rcText(rc);
     rcText.DeflateRect(16, 0, 0, 0);
     const CString strTitle = GetCaption();
+    rcText.right = (GetLockRect().IsRectEmpty() ? GetAlarmRect() : GetLockRect()).left - PILL_GAP;
     theme::DrawLine(dc, strTitle, rcText, theme::Font::Bold, theme::ON_HEADER);
     rcText.left += theme::TextWidth(dc, strTitle, theme::Font::Bold) + 24;
-    rcText.right = GetLockRect().left - PILL_GAP;
-    DrawWatched(dc, rcText);
-    CString strDuty;
-    strDuty.Format(L"Batch %s   ·   %s   ·   %s", settings.strBatch, settings.strOperator,
-                   App().GetFeed().IsPaused() ? L"feed paused" : L"feed running");
-    theme::DrawLine(dc, strDuty, rcText, theme::Font::Normal, theme::SOFT_ON_HEADER);
+    if (App().GetFeed().IsPaused()) // old values must not be taken for new ones
+        DrawNote(dc, rcText, L"Data paused", theme::PANEL, theme::WARNING);
+    if (m_nWatched >= 0)
+        DrawWatched(dc, rcText);
+    const CString strDuty = L"Batch " + settings.strBatch + L"   ·   " + settings.strOperator;
+    if (rcText.Width() >= WIDTH_FOR_DUTY)
+        theme::DrawLine(dc, strDuty, rcText, theme::Font::Normal, theme::SOFT_ON_HEADER);
 
     const bool bLocked = App().IsLayoutLocked();
-    theme::DrawPill(dc, bLocked ? L"Lines locked" : L"Lines free", GetLockRect(),
+    theme::DrawPill(dc, bLocked ? L"Layout locked" : L"Layout unlocked", GetLockRect(),
                     bLocked ? theme::HEADER : theme::SOFT_ON_HEADER,
                     bLocked ? theme::SOFT_ON_HEADER : theme::Mix(theme::SOFT_ON_HEADER, theme::HEADER, 0.2));
     const int nAlarms = App().GetRecord().CountAlarms();
@@ -78,19 +84,23 @@ void CBannerUnit::Draw(CDC& dc, const CRect& rc)
     theme::DrawPill(dc, nAlarms > 0 ? strAlarms : CString(L"No alarms"), GetAlarmRect(), theme::PANEL, fill);
 }
 
-/// At the right end of the room, which gets smaller by it. Gives way to whoever is on duty.
 void CBannerUnit::DrawWatched(CDC& dc, CRect& rcRoom) const
 {
-    if (m_nWatched < 0)
-        return;
     const Instrument& instrument = GetInstrument(m_nWatched);
     const AlarmState state = App().GetRecord().GetState(m_nWatched);
     const CString strText = CString(instrument.pszTag) + L"   " +
                             FormatValueAndUnit(instrument, App().GetRecord().GetValue(m_nWatched));
+    DrawNote(dc, rcRoom, strText, theme::StateColor(state), theme::StateBackground(state));
+}
+
+/// At the right end of the room, which gets smaller by it. Comes before who is on duty.
+void CBannerUnit::DrawNote(CDC& dc, CRect& rcRoom, const CString& strText, COLORREF text, COLORREF fill)
+{
     const int nWidth = theme::TextWidth(dc, strText, theme::Font::Small) + 24;
-    if (rcRoom.Width() < nWidth + 160)
+    if (rcRoom.Width() < nWidth)
         return;
-    const CRect rc(rcRoom.right - nWidth, GetLockRect().top, rcRoom.right, GetLockRect().bottom);
-    theme::DrawPill(dc, strText, rc, theme::StateColor(state), theme::StateBackground(state));
+    const int nTop = rcRoom.CenterPoint().y - PILL_HEIGHT / 2;
+    const CRect rc(rcRoom.right - nWidth, nTop, rcRoom.right, nTop + PILL_HEIGHT);
+    theme::DrawPill(dc, strText, rc, text, fill);
     rcRoom.right = rc.left - PILL_GAP;
 }

@@ -1,5 +1,5 @@
 // The strip at the top of a frame, of fixed height: which plant and batch, who is on duty, the instrument
-// that is being watched, whether the split lines are locked, and how many alarms there are. A click on the
+// that is being watched, whether the layout is locked, and how many alarms there are. A click on the
 // alarms opens the frame that lists them, a click on the lock turns it.
 #pragma once
 
@@ -14,7 +14,7 @@ public:
     GUID GetGUID() override;
     LRESULT ProcessCommand(UINT nCmd, LPARAM lParam) override;
 
-    /// Where the number of alarms and the lock stand, client coordinates.
+    /// Where the number of alarms and the lock stand, client coordinates. A narrow banner has no lock.
     CRect GetAlarmRect() const { return GetPillRect(0); }
     CRect GetLockRect() const { return GetPillRect(1); }
     /// The instrument that is being watched, or -1.
@@ -33,6 +33,7 @@ protected:
 private:
     CRect GetPillRect(int nFromRight) const;
     void DrawWatched(CDC& dc, CRect& rcRoom) const;
+    static void DrawNote(CDC& dc, CRect& rcRoom, const CString& strText, COLORREF text, COLORREF fill);
 
     int m_nWatched = -1;
 };

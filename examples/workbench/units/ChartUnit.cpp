@@ -15,6 +15,7 @@ namespace {
 constexpr int VALUE_LABELS = 46; // width of the column left of the plot
 constexpr int TIME_LABELS = 20;  // height of the row below it
 constexpr int LEGEND = 24;       // height of the row above it
+constexpr int LEGEND_GAP = 38;   // from the end of one of its texts to the next, with the line's mark
 constexpr int LABEL_HEIGHT = 14;
 
 } // namespace
@@ -242,7 +243,7 @@ void CChartUnit::DrawTimeAxis(CDC& dc, const CRect& rc, const Plot& plot) const
         if (App().GetSettings().bGrid)
             dc.FillSolidRect(x, plot.rc.top, 1, plot.rc.Height() - 1, theme::GRID);
         const CRect rcLabel(x - 34, plot.rc.bottom + 2, x + 34, rc.bottom);
-        if (rcLabel.right <= rc.right && rcLabel.left >= rc.left)
+        if (rcLabel.right <= rc.right && rcLabel.left >= rc.left && rcLabel.Height() >= LABEL_HEIGHT)
             theme::DrawLine(dc, FormatTimeOfDay(workTime.GetTimeOfDay(dTime), dStep < 60.0), rcLabel,
                             theme::Font::Small, theme::MUTED, DT_CENTER);
     }
@@ -300,22 +301,33 @@ void CChartUnit::DrawTrace(CDC& dc, const Plot& plot, int nTrace) const
     dc.Polyline(arrPoint.data(), static_cast<int>(arrPoint.size()));
 }
 
-/// Names and newest values, as many as there is room for.
+/// What the legend says of each line: its tag and newest value, or with less room the tag alone.
+std::vector<CString> CChartUnit::LegendTexts(CDC& dc, int nRoom) const
+{
+    std::vector<CString> arrTag, arrText;
+    int nWidth = 0;
+    for (const int n : m_arrInstrument) {
+        const Instrument& instrument = GetInstrument(n);
+        arrTag.push_back(instrument.pszTag);
+        arrText.push_back(arrTag.back() + L"  " +
+                          FormatValueAndUnit(instrument, App().GetRecord().GetValue(n)));
+        nWidth += theme::TextWidth(dc, arrText.back(), theme::Font::Small) + LEGEND_GAP;
+    }
+    return nWidth <= nRoom ? arrText : arrTag;
+}
+
 void CChartUnit::DrawLegend(CDC& dc, const CRect& rc) const
 {
     if (rc.Height() < LEGEND)
         return;
-    int x = rc.left + 4;
-    for (std::size_t i = 0; i < m_arrInstrument.size(); ++i) {
-        const Instrument& instrument = GetInstrument(m_arrInstrument[i]);
-        const double dValue = App().GetRecord().GetValue(m_arrInstrument[i]);
-        const CString strText = CString(instrument.pszTag) + L"  " + FormatValueAndUnit(instrument, dValue);
+    int x = rc.left + 4, nTrace = 0;
+    for (const CString& strText : LegendTexts(dc, rc.Width())) {
         const int nWidth = theme::TextWidth(dc, strText, theme::Font::Small);
         if (x + 18 + nWidth > rc.right)
             return;
-        dc.FillSolidRect(x, rc.top + LEGEND / 2 - 1, 12, 3, theme::TraceColor(static_cast<int>(i)));
+        dc.FillSolidRect(x, rc.top + LEGEND / 2 - 1, 12, 3, theme::TraceColor(nTrace++));
         const CRect rcText(x + 18, rc.top + 2, x + 20 + nWidth, rc.top + LEGEND);
         theme::DrawLine(dc, strText, rcText, theme::Font::Small, theme::TEXT);
-        x += nWidth + 38;
+        x += nWidth + LEGEND_GAP;
     }
 }

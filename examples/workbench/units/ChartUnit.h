@@ -61,6 +61,7 @@ private:
     std::vector<POINT> TracePoints(const Plot& plot, int nTrace) const;
     void DrawFill(CDC& dc, const Plot& plot) const;
     void DrawTrace(CDC& dc, const Plot& plot, int nTrace) const;
+    std::vector<CString> LegendTexts(CDC& dc, int nRoom) const;
     void DrawLegend(CDC& dc, const CRect& rc) const;
     int GetTimeSpanIndex() const;
     void SetTimeSpan(int nTimeSpan);

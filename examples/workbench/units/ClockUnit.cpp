@@ -105,9 +105,10 @@ void CClockUnit::Draw(CDC& dc, const CRect& rc)
     const CRect rcDigits(rcText.left, nMiddle - (DIGITS_HEIGHT + DATE_HEIGHT) / 2 + 2, rcText.right,
                          nMiddle + (DIGITS_HEIGHT - DATE_HEIGHT) / 2 + 2);
     const CString strTime = FormatTimeOfDay(dTimeOfDay, true);
-    const bool bHuge = theme::TextWidth(dc, strTime, theme::Font::Huge) <= rcDigits.Width();
-    theme::DrawLine(dc, strTime, rcDigits, bHuge ? theme::Font::Huge : theme::Font::Large, theme::TEXT,
-                    DT_CENTER);
+    theme::Font font = theme::Font::Small;
+    for (const theme::Font larger : {theme::Font::Bold, theme::Font::Large, theme::Font::Huge})
+        font = theme::TextWidth(dc, strTime, larger) <= rcDigits.Width() ? larger : font;
+    theme::DrawLine(dc, strTime, rcDigits, font, theme::TEXT, DT_CENTER);
     const CRect rcDate(rcText.left, rcDigits.bottom, rcText.right, rcDigits.bottom + DATE_HEIGHT);
     theme::DrawLine(dc, workTime.GetDate(), rcDate, theme::Font::Small, theme::MUTED, DT_CENTER);
 }

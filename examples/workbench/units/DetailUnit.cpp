@@ -54,11 +54,13 @@ void CDetailUnit::Draw(CDC& dc, const CRect& rc)
     const AlarmState state = App().GetRecord().GetState(m_nInstrument);
     CRect rcRoom(rc);
     rcRoom.DeflateRect(16, 12);
-    const CRect rcName(rcRoom.left, rcRoom.top, rcRoom.right - 96, rcRoom.top + 20);
+    const CRect rcName(rcRoom.left, rcRoom.top, rcRoom.right, rcRoom.top + 20);
     theme::DrawLine(dc, instrument.pszName, rcName, theme::Font::Bold, theme::TEXT);
     const CRect rcPill(rcRoom.right - 88, rcRoom.top, rcRoom.right, rcRoom.top + 19);
     const COLORREF color = state == AlarmState::Normal ? theme::GOOD : theme::StateColor(state);
-    theme::DrawPill(dc, StateName(state), rcPill, color, theme::Mix(color, theme::PANEL, 0.13));
+    // Gives way to the name: the value's colour and the gauge tell the state too.
+    if (rcName.left + theme::TextWidth(dc, instrument.pszName, theme::Font::Bold) + 8 <= rcPill.left)
+        theme::DrawPill(dc, StateName(state), rcPill, color, theme::Mix(color, theme::PANEL, 0.13));
 
     const CRect rcValue(rcRoom.left, rcName.bottom + 2, rcRoom.right, rcName.bottom + 46);
     const CString strValue = FormatValue(instrument, App().GetRecord().GetValue(m_nInstrument));
@@ -115,6 +117,8 @@ void CDetailUnit::DrawFacts(CDC& dc, const CRect& rc) const
     };
     CRect rcRow(rc.left, rc.top, rc.right, rc.top + theme::ROW_HEIGHT);
     for (const Fact& fact : facts) {
+        if (rcRow.bottom > rc.bottom + 1)
+            return; // none that is cut in two
         theme::DrawLine(dc, fact.pszName, rcRow, theme::Font::Normal, theme::MUTED);
         theme::DrawLine(dc, fact.strValue, CRect(rcRow.left + 84, rcRow.top, rcRow.right, rcRow.bottom),
                         theme::Font::Normal, theme::TEXT, DT_RIGHT);

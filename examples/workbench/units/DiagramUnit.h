@@ -42,9 +42,9 @@ private:
 
     Fit MakeFit() const;
     void DrawPipes(CDC& dc, const Fit& fit) const;
-    void DrawTank(CDC& dc, const Fit& fit, const CRect& rc, const wchar_t* pszName, int nLevel) const;
     void DrawReactor(CDC& dc, const Fit& fit) const;
-    void DrawLabel(CDC& dc, int nInstrument) const;
+    void DrawNames(CDC& dc, const Fit& fit) const;
+    void DrawLabel(CDC& dc, int nInstrument, const wchar_t* pszOf) const;
 
     int m_nSelected = -1;
 };

@@ -33,6 +33,12 @@ void CFiguresUnit::OnParameters()
     m_arrInstrument = GetParameters().GetInstruments(L"TAGS");
 }
 
+/// A wall display has no banner to say it.
+CString CFiguresUnit::GetCaptionNote() const
+{
+    return App().GetFeed().IsPaused() ? L"data paused" : L"";
+}
+
 CRect CFiguresUnit::GetTileRect(int nTile) const
 {
     const CRect rc = GetContentRect();

@@ -21,6 +21,8 @@ public:
 
 protected:
     void Draw(CDC& dc, const CRect& rc) override;
+    CString GetCaptionNote() const override;
+    void OnJournalChanged() override { Invalidate(FALSE); } // the data may have been paused
     void OnParameters() override;
     void OnShowInstrument(int nInstrument) override;
     int GetSelectedInstrument() const override { return m_nSelected; }

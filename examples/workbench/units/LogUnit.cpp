@@ -7,6 +7,15 @@
 
 #include <platform/window/Menu.h>
 
+namespace {
+
+// The text matters most: a narrow log gives up first the source, which most texts name too, and then the
+// word for the severity, of which a dot in its colour stays.
+constexpr int WIDTH_FOR_SEVERITY = 360;
+constexpr int WIDTH_FOR_SOURCE = 500;
+
+} // namespace
+
 IMPLEMENT_DYNCREATE(CLogUnit, CPaneUnit)
 
 BEGIN_MESSAGE_MAP(CLogUnit, CPaneUnit)
@@ -110,13 +119,16 @@ void CLogUnit::DrawEntry(CDC& dc, int nRow) const
     int x = rc.left + theme::PADDING;
     theme::DrawLine(dc, strTime, CRect(x, rc.top, rc.right, rc.bottom), theme::Font::Fixed, theme::MUTED);
     x += 68;
-    if (rc.Width() >= 250) {
+    if (rc.Width() >= WIDTH_FOR_SEVERITY) {
         const CRect rcPill(x, rc.top + 3, x + 62, rc.bottom - 3);
         theme::DrawPill(dc, GetSeverityName(entry.severity), rcPill, theme::SeverityColor(entry.severity),
                         theme::SeverityBackground(entry.severity));
         x += 72;
+    } else {
+        theme::DrawDisc(dc, CPoint(x + 2, rc.CenterPoint().y), 4, theme::SeverityColor(entry.severity));
+        x += 12;
     }
-    if (rc.Width() >= 330) {
+    if (rc.Width() >= WIDTH_FOR_SOURCE) {
         theme::DrawLine(dc, entry.strSource, CRect(x, rc.top, x + 72, rc.bottom), theme::Font::Fixed,
                         theme::TEXT);
         x += 76;

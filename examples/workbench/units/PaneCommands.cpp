@@ -225,6 +225,6 @@ LRESULT CPaneUnit::UpdateMenu(CMenu* pMenu, CString)
         pMenu->AppendMenu(MF_STRING, ID_PANE_SWAP, TEXT_SWAP);
     if (m_neighbour)
         pMenu->AppendMenu(MF_STRING, ID_PANE_NEIGHBOUR, TEXT_NEIGHBOUR);
-    pMenu->AppendMenu(MF_STRING, ID_VIEW_LOCK, L"&Lock split lines\tCtrl+L");
+    pMenu->AppendMenu(MF_STRING, ID_VIEW_LOCK, TEXT_LOCK);
     return 1;
 }

@@ -9,6 +9,12 @@
 
 #include <algorithm>
 
+namespace {
+
+constexpr int PLACED_BY_RATES = 1; // a border style of the layout definition
+
+} // namespace
+
 IMPLEMENT_DYNAMIC(CPaneUnit, CBaseUnitWnd)
 
 BEGIN_MESSAGE_MAP(CPaneUnit, CBaseUnitWnd)
@@ -111,8 +117,13 @@ CRect CPaneUnit::GetContentRect() const
     GetClientRect(rc);
     rc.top += GetCaptionHeight();
     if (m_bBorder)
-        rc.DeflateRect(1, GetCaptionHeight() == 0 ? 1 : 0, 1, 0);
+        rc.DeflateRect(1, GetCaptionHeight() == 0 ? 1 : 0, 1, IsPlacedByRates() ? 1 : 0);
     return rc.IsRectEmpty() ? CRect() : rc;
+}
+
+bool CPaneUnit::IsPlacedByRates() const
+{
+    return m_pBaseUnitInfo && m_pBaseUnitInfo->m_nBorderStyle == PLACED_BY_RATES;
 }
 
 CWorkbenchApp& CPaneUnit::App()
@@ -128,6 +139,9 @@ void CPaneUnit::CustomDraw(CPaintDC* pDC)
     if (GetCaptionHeight() > 0)
         DrawCaption(*pDC, CRect(0, 0, rcClient.right, std::min<int>(GetCaptionHeight(), rcClient.bottom)));
 
+    // Below a pane the next one draws the line between them, but not below one that stands by itself.
+    if (IsPlacedByRates())
+        pDC->FillSolidRect(0, rcClient.bottom - 1, rcClient.Width(), 1, theme::LINE);
     const CRect rcContent = GetContentRect();
     if (rcContent.IsRectEmpty())
         return;

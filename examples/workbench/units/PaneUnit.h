@@ -100,6 +100,7 @@ private:
     };
 
     void ReadPaneParameters();
+    bool IsPlacedByRates() const;
     bool IsNeighbourHidden() const;
     CString GetButtonText() const;
     void DrawCaption(CDC& dc, const CRect& rc);

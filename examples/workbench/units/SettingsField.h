@@ -34,7 +34,7 @@ inline const SettingsField& SettingsField::Of(CSettingsUnit::Field field)
         {Kind::Choice, L"Time span of charts", 122},
         {Kind::Check, L"Grid lines", 184},
         {Kind::Check, L"Alarm limits", 210},
-        {Kind::Check, L"Fill below single lines", 236},
+        {Kind::Check, L"Shade below single lines", 236},
         {Kind::Button, L"Apply", 274},
         {Kind::Button, L"Revert", 274},
     }};

@@ -81,8 +81,8 @@ bool CSettingsUnit::AskBeforeLeaving()
     CFrameWnd* pFrame = GetParentFrame();
     if (pFrame != App().GetMainFrame() && pFrame != App().GetMainFrame()->MDIGetActive())
         pFrame->ActivateFrame(-1); // so that the user sees what the question is about
-    const int nAnswer = ::AfxMessageBox(L"The settings have changes that are not applied.\n\n"
-                                        L"Yes applies them, No discards them, Cancel goes back to the form.",
+    const int nAnswer = ::AfxMessageBox(L"Apply the changes to the settings?\n\n"
+                                        L"No discards them. Cancel goes back to the form.",
                                         MB_YESNOCANCEL | MB_ICONQUESTION);
     if (!::IsWindow(hWnd))
         return true; // the form went while the user was thinking

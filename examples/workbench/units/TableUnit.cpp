@@ -29,7 +29,7 @@ enum Column
 struct ColumnInfo
 {
     const wchar_t* pszTitle;
-    int nWidth;    // the name's column takes what the others leave
+    int nWidth;    // names and ranges share what is left over
     int nPriority; // with little room the highest numbers go first; 0 stays
     UINT nAlign;
 };
@@ -59,6 +59,11 @@ int WidthOfColumns(int nWorstPriority)
     for (int n = 0; n < COLUMN_COUNT; ++n)
         nWidth += IsShown(n, nWorstPriority) ? COLUMNS[static_cast<std::size_t>(n)].nWidth : 0;
     return nWidth;
+}
+
+bool IsGrowing(int nColumn)
+{
+    return nColumn == COLUMN_NAME || nColumn == COLUMN_RANGE;
 }
 
 CString FormatLimit(const Instrument& instrument, double dLimit)
@@ -106,9 +111,12 @@ void CTableUnit::OnParameters()
 
 CString CTableUnit::GetCaptionNote() const
 {
+    const int nAlarms = App().GetRecord().CountAlarms();
     CString str;
-    str.Format(L"%d shown, %d in alarm", static_cast<int>(m_arrInstrument.size()),
-               App().GetRecord().CountAlarms());
+    if (m_bAlarmsOnly)
+        str.Format(L"%d of %d instruments", nAlarms, INSTRUMENT_COUNT);
+    else
+        str.Format(L"%d instruments, %d in alarm", INSTRUMENT_COUNT, nAlarms);
     return str;
 }
 
@@ -238,13 +246,15 @@ std::vector<CTableUnit::Cell> CTableUnit::PlaceCells(const CRect& rcRow)
     int nWorst = 5;
     while (nWorst > 0 && WidthOfColumns(nWorst) > nRoom)
         --nWorst;
-    const int nSpare = std::max(nRoom - WidthOfColumns(nWorst), 0);
+    int nSpare = std::max(nRoom - WidthOfColumns(nWorst), 0);
+    if (IsShown(COLUMN_NAME, nWorst) && IsShown(COLUMN_RANGE, nWorst))
+        nSpare /= 2;
     std::vector<Cell> arrCell;
     int x = rcRow.left;
     for (int n = 0; n < COLUMN_COUNT; ++n) {
         if (!IsShown(n, nWorst))
             continue;
-        const int nWidth = COLUMNS[static_cast<std::size_t>(n)].nWidth + (n == COLUMN_NAME ? nSpare : 0);
+        const int nWidth = COLUMNS[static_cast<std::size_t>(n)].nWidth + (IsGrowing(n) ? nSpare : 0);
         arrCell.push_back({n, CRect(x, rcRow.top, x + nWidth, rcRow.bottom)});
         x += nWidth;
     }
