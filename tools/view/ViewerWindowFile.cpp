@@ -51,8 +51,9 @@ void CViewerWindow::OnTimer(UINT_PTR nIDEvent)
 
 void CViewerWindow::OnReload()
 {
-    if (!m_bUnsaved ||
-        Ask(L"Lines were dragged and are not saved. Read the file again and lose that?", MB_YESNO) == IDYES)
+    if (!m_bUnsaved || Ask(L"Reload the layout file? Lines that were dragged and not saved go back to where "
+                           L"the file has them.",
+                           MB_YESNO) == IDYES)
         Reload(KeepDragged::No);
 }
 
@@ -109,7 +110,7 @@ void CViewerWindow::SetUnsaved(bool bUnsaved)
 int CViewerWindow::Ask(const CString& strQuestion, UINT nType)
 {
     const splitframe::ScopedFlag asking(m_bAsking);
-    return ::AfxMessageBox(strQuestion, nType);
+    return ::AfxMessageBox(strQuestion, nType | MB_ICONQUESTION);
 }
 
 void CViewerWindow::OnSave()
@@ -127,8 +128,8 @@ bool CViewerWindow::Save()
         return true;
     }
     if (bOwnFile && IsOther(m_strSaveTo, m_source.Get()) &&
-        Ask(L"The layout file was changed by somebody else meanwhile. Replace it by the layout shown here?",
-            MB_YESNO) != IDYES)
+        Ask(L"The layout file has changed on disk. Replace it with the layout shown here?", MB_YESNO) !=
+            IDYES)
         return false;
     if (!SaveLayout(m_source.Get(), changed, m_strSaveTo, m_messages))
         return false;
@@ -157,7 +158,7 @@ void CViewerWindow::OnUpdateSave(CCmdUI* pCmdUI)
 void CViewerWindow::OnClose()
 {
     if (m_bUnsaved) {
-        const int nAnswer = Ask(L"Lines were dragged and are not saved. Save them?", MB_YESNOCANCEL);
+        const int nAnswer = Ask(L"Save the lines that were dragged?", MB_YESNOCANCEL);
         if (nAnswer == IDCANCEL || (nAnswer == IDYES && !Save()))
             return;
     }
