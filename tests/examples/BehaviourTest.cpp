@@ -146,18 +146,6 @@ TEST_F(BehaviourTest, TheFormIsLentWithWhatIsHalfTyped)
     EXPECT_EQ(form.GetParent(), pTrendsView) << "the frame in front has it";
 }
 
-TEST_F(BehaviourTest, LettersAreTypedIntoTextFieldsOnly)
-{
-    Open(L"Setup");
-    auto& form = Unit<CSettingsUnit>(L"Settings");
-    EXPECT_TRUE(form.IsKeyFilted('A'));
-    EXPECT_FALSE(form.IsKeyFilted(VK_TAB));
-    form.SetFocus();
-    for (int n = 0; n < 3; ++n)
-        Press(VK_DOWN);
-    EXPECT_FALSE(form.IsKeyFilted('A'));
-}
-
 TEST_F(BehaviourTest, EnterInTheJournalAcknowledgesAlarms)
 {
     Open(L"Alarms");
@@ -216,18 +204,6 @@ TEST_F(BehaviourTest, MenuCommands)
     EXPECT_EQ(Display().MessageBoxes().size(), 1U);
     Command(ID_FILE_EXIT);
     EXPECT_EQ(m_pApp->GetMainFrame(), nullptr);
-}
-
-TEST_F(BehaviourTest, KeyboardShortcuts)
-{
-    Open(L"Alarms");
-    Press(VK_F7);
-    EXPECT_TRUE(m_pApp->GetFeed().IsPaused());
-    Display().PressKey(VK_CONTROL);
-    Press('W');
-    Display().ReleaseKey(VK_CONTROL);
-    splitframe::DrainMessages();
-    EXPECT_EQ(ActiveName(), L"");
 }
 
 TEST_F(BehaviourTest, TheWheelZoomsAChartAndKeysToo)

@@ -66,14 +66,6 @@ protected:
     }
 };
 
-TEST_F(FramesTest, FramesHaveOneTwoAndThreeStyles)
-{
-    std::vector<int> arrStyles;
-    for (const CBaseFrameDoc* pDoc : Frame().m_arrBaseFrameDoc)
-        arrStyles.push_back(pDoc->m_arrStyle.GetSize());
-    EXPECT_EQ(arrStyles, (std::vector<int>{3, 2, 2, 1, 1}));
-}
-
 TEST_F(FramesTest, PanesOfSplitStylesFillTheViewWithoutGaps)
 {
     ForEachStyle([this](const CBaseFrameStyle& style) {
@@ -135,14 +127,4 @@ TEST_F(FramesTest, AnySizeIsPainted)
             splitframe::DrainMessages();
         }
     });
-}
-
-TEST_F(FramesTest, TheMenuBarShowsTheHostsMenusAndTheFrames)
-{
-    HMENU hBar = Frame().GetMenuBar();
-    std::vector<std::string> arrText;
-    for (int n = 0; n < ::GetMenuItemCount(hBar); ++n)
-        arrText.push_back(::GetMenuString(hBar, static_cast<UINT>(n), MF_BYPOSITION).ToUtf8());
-    EXPECT_EQ(arrText, (std::vector<std::string>{"&File", "&View", "F&rames", "&Plant", "&Help"}));
-    EXPECT_EQ(::GetMenuItemCount(::GetSubMenu(hBar, 2)), 5);
 }

@@ -160,17 +160,6 @@ TEST(ViewerPicture, ShowsFramesBeyondTheMenusLastCommand)
     EXPECT_EQ(CountPictures(place.Path("d")), 130U);
 }
 
-TEST(ViewerPicture, NamesThatLookAlikeGetFilesOfTheirOwn)
-{
-    const Workplace place;
-    const std::string strBody =
-        Unit("A") + Style("S", Use("A")) + Style("S", Use("A")) + Style("s", Use("A"));
-    place.Write("f.xml", Layout(Frame("a/b", strBody) + Frame("a:b", strBody) + Frame("a:b", strBody)));
-    const Outcome outcome = place.Run({"--all", "--png", "d", "--size", "40x30", "f.xml"});
-    EXPECT_EQ(outcome.nStatus, 0) << outcome.strErr;
-    EXPECT_EQ(CountPictures(place.Path("d")), 9U);
-}
-
 TEST(ViewerPicture, IsDrawnForEveryLayoutThatParses)
 {
     std::string strChain, strUses, strUnits;

@@ -1,8 +1,7 @@
-// Names as file names and on terminals, tables, colours: the viewer's parts that are functions of text.
+// Names as file names and on terminals, colours: the viewer's parts that are functions of text.
 #include "FileNames.h"
 #include "PaneColors.h"
 #include "Printable.h"
-#include "TextTable.h"
 
 #include <gtest/gtest.h>
 
@@ -53,16 +52,6 @@ TEST(PrintableTest, NothingDisturbsTheTerminal)
               "\\u202Ex\\uD800");
     EXPECT_EQ(TerminalWidth("東京"), 4);
     EXPECT_EQ(TerminalWidth("e\u0301"), 1);
-}
-
-TEST(TextTableTest, ColumnsAlignByWhatTheTerminalShows)
-{
-    TextTable table({"NAME", ">N", "LAST"});
-    table.AddRow({"東京", "7", "x"});
-    table.AddRow({"abcde", "120", ""});
-    EXPECT_EQ(table.ToText(2), "  NAME     N  LAST\n"
-                               "  東京     7  x\n"
-                               "  abcde  120\n");
 }
 
 TEST(PaneColorsTest, EveryNameHasTextThatCanBeRead)

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 using namespace layout_text;
 using testing::TestWithParam;
@@ -122,18 +121,6 @@ TEST(ViewerBadFile, IsToldWithItsPlaceAndReason)
             EXPECT_EQ(outcome.strOut, "");
         }
     }
-}
-
-TEST(ViewerBadFile, UnreadableFileIsToldUnlessNothingIsForbidden)
-{
-    if (::geteuid() == 0)
-        GTEST_SKIP() << "the superuser may read everything";
-    const Workplace place;
-    place.Write("f.xml", Pair());
-    ::chmod(place.Path("f.xml").c_str(), 0);
-    const Outcome outcome = place.Run({"--list", "f.xml"});
-    EXPECT_EQ(outcome.nStatus, 1);
-    EXPECT_EQ(outcome.strErr, "f.xml: error: can't be read: Permission denied\n");
 }
 
 TEST(ViewerBadFile, NoPrefixOfAGoodFileDoesHarm)
