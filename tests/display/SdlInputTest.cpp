@@ -170,7 +170,7 @@ TEST(SdlInputTest, Mouse)
         {"but not across a press",
          {Move(1, 2), Button(SDL_MOUSEBUTTONDOWN, SDL_BUTTON_LEFT, 1, 2), Move(3, 4),
           Button(SDL_MOUSEBUTTONUP, SDL_BUTTON_LEFT, 3, 4)},
-         "move 1,2; down 1,2 left; move 3,4; up 3,4 left"},
+         "move 1,2; down 1,2 left; move 3,4; up 3,4 left; move 3,4"},
         {"buttons that nobody knows", {Button(SDL_MOUSEBUTTONDOWN, SDL_BUTTON_X1, 1, 2)}, ""},
         {"wheel",
          {Wheel(1), Wheel(-2), Wheel(0.25F), Wheel(0)},

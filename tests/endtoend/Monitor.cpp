@@ -175,6 +175,12 @@ void Monitor::AskToClose()
     Flush();
 }
 
+void Monitor::CutOff()
+{
+    XKillClient(m_pDisplay, m_nWindow);
+    Flush();
+}
+
 // --- hands
 
 void Monitor::MoveMouse(CPoint pt)

@@ -64,6 +64,8 @@ public:
     void Focus(bool bWindow);
     /// What a window manager's close button does.
     void AskToClose();
+    /// Ends the program's connection, as the end of a person's session does.
+    void CutOff();
     /// Another number for each picture of the pointer.
     std::uint64_t CursorHash() const;
 

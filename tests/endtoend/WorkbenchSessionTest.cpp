@@ -62,6 +62,12 @@ TEST_F(WorkbenchSession, DraggingALine)
     const Picture after = m_screen.Take();
     EXPECT_TRUE(IsEdge(after, RectOf(L"Table").right - 1, rcCard));
     EXPECT_FALSE(IsEdge(after, rcBefore.right - 1, rcCard));
+    // Once more, from where the mouse is.
+    const int nRight = RectOf(L"Table").right;
+    m_screen.Button(true);
+    m_screen.MoveMouse(ptLine + CPoint(-100, 0));
+    m_screen.Button(false);
+    EXPECT_TRUE(Until([&] { return RectOf(L"Table").right > nRight + 50; }));
     m_screen.MoveMouse(rcCard.CenterPoint());
     EXPECT_TRUE(WaitUntil([&] { return m_screen.CursorHash() == nArrow; }));
 }
@@ -146,6 +152,12 @@ TEST_F(WorkbenchSession, IdlingUsesNoProcessorTime)
     std::this_thread::sleep_for(std::chrono::seconds(2)); // the time that is measured
     EXPECT_LE(m_pProgram->ProcessorTime() - nBefore, 60)
         << "milliseconds in two seconds; the clock ticks once a second";
+}
+
+TEST_F(WorkbenchSession, EndsWithTheScreen)
+{
+    m_screen.CutOff();
+    EXPECT_EQ(m_pProgram->WaitForEnd(), 1);
 }
 
 constexpr double SCALE = 1.25;

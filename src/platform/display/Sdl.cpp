@@ -129,6 +129,7 @@ class SdlDisplay : public Display
 public:
     /// Both are taken over; the window is hidden.
     SdlDisplay(std::unique_ptr<SdlVideo> pVideo, WindowPtr pWindow, double dScale);
+    ~SdlDisplay() override;
 
     SIZE Size() const override { return m_size; }
     double Scale() const override { return m_dScale; }
@@ -166,6 +167,18 @@ private:
     UINT m_nCursor = 0xFFFFFFFF;
     std::map<UINT, CursorPtr> m_cursors; // made at first use
 };
+
+// A program whose server is gone is ended by the connection's library with exit(), which comes here. Answers
+// from the server would be waited for without end, so that what it had is left alone.
+SdlDisplay::~SdlDisplay()
+{
+    if (m_waiter.IsConnected())
+        return;
+    for (auto& [nCursor, pCursor] : m_cursors)
+        static_cast<void>(pCursor.release());
+    static_cast<void>(m_pWindow.release());
+    static_cast<void>(m_pVideo.release());
+}
 
 SdlDisplay::SdlDisplay(std::unique_ptr<SdlVideo> pVideo, WindowPtr pWindow, double dScale)
     : m_pVideo(std::move(pVideo)), m_pWindow(std::move(pWindow)), m_dScale(dScale), m_input(dScale),

@@ -163,6 +163,12 @@ void SdlInput::TakeMouse(const SDL_Event& event)
     if (input.kind != Kind::MouseMove)
         SettleAlt();
     Push(input);
+    if (input.kind != Kind::ButtonUp)
+        return;
+    // The release may have moved windows and ended a capture: who is under the mouse now is to know it, so
+    // that the cursor is right and a line can be dragged again at once.
+    input.kind = Kind::MouseMove;
+    Push(input);
 }
 
 void SdlInput::TakeKey(const SDL_KeyboardEvent& event)

@@ -62,6 +62,13 @@ void SdlWaiter::Wait(DWORD nMilliseconds)
         return; // nobody called
 }
 
+bool SdlWaiter::IsConnected() const
+{
+    pollfd connection = {m_nConnection, POLLRDHUP, 0}; // -1: none, and nothing is told of it
+    poll(&connection, 1, 0);
+    return (connection.revents & (POLLRDHUP | POLLHUP | POLLERR | POLLNVAL)) == 0;
+}
+
 void SdlWaiter::Wake()
 {
     if (m_nConnection < 0) {

@@ -20,6 +20,8 @@ public:
     void Wait(DWORD nMilliseconds);
     /// Any thread.
     void Wake();
+    /// Whether the server can still answer.
+    bool IsConnected() const;
 
 private:
     int m_nConnection = -1; // descriptor of the connection to the X server; -1: another kind of screen
