@@ -1,5 +1,6 @@
-// What nearly every source includes, parsed once for each library and program when SPLITFRAME_PRECOMPILE is on. No source
-// relies on it: builds without it (the release preset) prove that each includes what it needs.
+// What nearly every source includes, parsed once for each library and program when
+// SPLITFRAME_PRECOMPILE is on. No source relies on it: builds without it (the release preset) prove
+// that each includes what it needs.
 #pragma once
 
 #include "platform/base/Array.h"

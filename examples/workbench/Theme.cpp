@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 
 namespace theme {
@@ -79,7 +80,7 @@ COLORREF SeverityBackground(Severity severity)
 COLORREF Mix(COLORREF a, COLORREF b, double dPart)
 {
     const auto blend = [dPart](int nA, int nB) {
-        return static_cast<int>(nA * dPart + nB * (1.0 - dPart) + 0.5);
+        return static_cast<int>(std::lround(nA * dPart + nB * (1.0 - dPart)));
     };
     return RGB(blend(GetRValue(a), GetRValue(b)), blend(GetGValue(a), GetGValue(b)),
                blend(GetBValue(a), GetBValue(b)));

@@ -238,7 +238,9 @@ void CChartUnit::DrawTimeAxis(CDC& dc, const CRect& rc, const Plot& plot) const
     // Marks stand at round times of the day, not of the run.
     const double dOffset = workTime.GetTimeOfDay(0.0);
     const double dFirst = std::ceil((plot.time.dLow + dOffset) / dStep) * dStep - dOffset;
-    for (double dTime = dFirst; dTime <= plot.time.dHigh; dTime += dStep) {
+    const int nMarks = static_cast<int>(std::floor((plot.time.dHigh - dFirst) / dStep)) + 1;
+    for (int i = 0; i < nMarks; ++i) {
+        const double dTime = dFirst + i * dStep;
         const int x = plot.time.ToPixel(dTime);
         if (App().GetSettings().bGrid)
             dc.FillSolidRect(x, plot.rc.top, 1, plot.rc.Height() - 1, theme::GRID);

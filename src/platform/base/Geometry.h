@@ -10,16 +10,16 @@
 
 struct CSize : SIZE
 {
-    constexpr CSize() : SIZE{0, 0} {}
-    constexpr CSize(int nWidth, int nHeight) : SIZE{nWidth, nHeight} {}
+    constexpr CSize() : CSize(0, 0) {}
+    constexpr CSize(int nWidth, int nHeight) : SIZE({nWidth, nHeight}) {}
     constexpr CSize(const SIZE& size) : SIZE(size) {}
     constexpr bool operator==(const CSize& size) const { return cx == size.cx && cy == size.cy; }
 };
 
 struct CPoint : POINT
 {
-    constexpr CPoint() : POINT{0, 0} {}
-    constexpr CPoint(int nX, int nY) : POINT{nX, nY} {}
+    constexpr CPoint() : CPoint(0, 0) {}
+    constexpr CPoint(int nX, int nY) : POINT({nX, nY}) {}
     constexpr CPoint(const POINT& pt) : POINT(pt) {}
     constexpr bool operator==(const CPoint& pt) const { return x == pt.x && y == pt.y; }
     constexpr void Offset(int dx, int dy)
@@ -40,11 +40,11 @@ struct CPoint : POINT
 /// A rectangle. It is empty when it has no width or no height, also when its sides are swapped.
 struct SPLITFRAME_PLATFORM_API CRect : RECT
 {
-    constexpr CRect() : RECT{0, 0, 0, 0} {}
-    constexpr CRect(int nLeft, int nTop, int nRight, int nBottom) : RECT{nLeft, nTop, nRight, nBottom} {}
+    constexpr CRect() : CRect(0, 0, 0, 0) {}
+    constexpr CRect(int nLeft, int nTop, int nRight, int nBottom) : RECT({nLeft, nTop, nRight, nBottom}) {}
     constexpr CRect(const RECT& rc) : RECT(rc) {}
     constexpr CRect(const POINT& pt, const SIZE& size)
-        : RECT{pt.x, pt.y, splitframe::AddClamped(pt.x, size.cx), splitframe::AddClamped(pt.y, size.cy)}
+        : CRect(pt.x, pt.y, splitframe::AddClamped(pt.x, size.cx), splitframe::AddClamped(pt.y, size.cy))
     {
     }
 
