@@ -41,7 +41,7 @@ void CBaseFrameChildWnd::OnBeginDestroy()
     CBaseFrameDoc* pDoc = GetFrameDoc();
     const bool bHeldSomething = pDoc && pDoc->ViewIsDying();
     // A frame that ends before it ever came to the front has taken from the one that is there.
-    if (bHeldSomething && pFront != this && ::IsWindow(hFront))
+    if (pFront && pFront != this && bHeldSomething && ::IsWindow(hFront))
         pFront->TakeBack();
 }
 

@@ -153,6 +153,7 @@ private:
         if (nNeeded <= m_nCapacity)
             return;
         const int nCapacity = bGrow && m_nCapacity != 0 ? NextCapacity(nNeeded) : nNeeded;
+        // NOLINTNEXTLINE(bugprone-sizeof-expression): arrays of pointers hold pointers
         const std::size_t nBytes = static_cast<std::size_t>(nCapacity) * sizeof(TYPE);
         if constexpr (PLAIN) {
             void* pNew = std::realloc(static_cast<void*>(m_pData), nBytes);
