@@ -67,7 +67,7 @@ inline AttribNotes::Answer AttribNotes::FindBehind(int nLength, const wchar_t* p
         const Value found = {nNameEnd + 2, FindUnit(psz, nNameEnd + 2, nLength, quote)};
         if (found.nEnd == nLength)
             break;
-        m_arrFirst[m_nNotes] = static_cast<std::uint16_t>(first);
+        m_arrFirst[m_nNotes] = static_cast<std::uint16_t>(static_cast<std::uint32_t>(first));
         m_arrNote[m_nNotes++] = {nName, nNameEnd - nName, found};
         m_nScan = nName = found.nEnd + 1;
         if (bMatches) {

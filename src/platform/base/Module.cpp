@@ -42,7 +42,7 @@ void AfxTermExtensionModule(AFX_EXTENSION_MODULE& module)
     if (!module.bInitialized)
         return;
     while (CDynLinkLibrary* pLibrary = module.pLibraries)
-        delete pLibrary; // takes itself out of the list
+        delete pLibrary; // takes itself out of the list. NOLINT(clang-analyzer-cplusplus.NewDelete)
     ClassLists& lists = GetClassLists();
     const std::lock_guard guard(lists.lock);
     for (AFX_EXTENSION_MODULE** ppLink = &lists.pModules; *ppLink; ppLink = &(*ppLink)->pNextModule) {

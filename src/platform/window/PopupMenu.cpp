@@ -192,9 +192,10 @@ int CPopupMenu::LineAt(CPoint ptScreen) const
 
 std::vector<CString> CPopupMenu::GetLabels() const
 {
-    std::vector<CString> arrLabel;
+    std::vector<CString> arrLabel(m_arrLine.size());
     for (int n = 0; n < GetLineCount(); ++n)
-        arrLabel.push_back(CanChoose(n) ? m_arrLine[static_cast<std::size_t>(n)].strLabel : CString());
+        if (CanChoose(n))
+            arrLabel[static_cast<std::size_t>(n)] = m_arrLine[static_cast<std::size_t>(n)].strLabel;
     return arrLabel;
 }
 
