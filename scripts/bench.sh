@@ -16,13 +16,18 @@ export GLIBC_TUNABLES=glibc.malloc.mmap_max=0:glibc.malloc.trim_threshold=171798
 export SPLITFRAME_DISPLAY=headless
 
 results=$(mktemp)
-trap 'rm -f "$results"' EXIT
+output=$(mktemp)
+trap 'rm -f "$results" "$output"' EXIT
 for program in build/bench/bench/bench-*; do
     [ -x "$program" ] && [ -f "$program" ] || continue
     [ "${program##*/}" != bench-Present ] || continue # needs a screen
     "$program" --benchmark_filter="$filter" --benchmark_repetitions=5 --benchmark_enable_random_interleaving=true \
-        --benchmark_report_aggregates_only=true --benchmark_format=csv 2>/dev/null \
-        | awk -F, '/_median"/ { gsub(/"/, "", $1); sub(/_median$/, "", $1); print $1 "," $3 "," $5 }' >>"$results"
+        --benchmark_report_aggregates_only=true --benchmark_format=json >"$output" 2>&1 || { cat "$output"; exit 1; }
+    awk -F'"' '
+        $2 == "name" { name = $4 }
+        $2 == "real_time" { time = $3; gsub(/[^0-9.e+-]/, "", time) }
+        $2 == "time_unit" && sub(/_median$/, "", name) { print name "," time "," $4 }
+    ' "$output" | sort -V >>"$results"
 done
 
 awk -F, '
