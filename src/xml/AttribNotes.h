@@ -30,11 +30,9 @@ public:
     {
         if (nTag != m_nTag || pszText != m_pszText)
             Begin(pszText, nTag, nLength);
-        // All names passed so far by their first unit, then the rest of the tag.
-        for (unsigned nBits = FindFirst(*pszName); nBits != 0; nBits &= nBits - 1) {
-            if (IsNote(LowestBit(nBits), pszName, value))
-                return Answer::Found;
-        }
+        // The names passed so far, where one starts alike, then the rest of the tag.
+        if ((m_nFirstUnits >> (*pszName & 63) & 1) != 0 && FindNote(pszName, value))
+            return Answer::Found;
         return m_answerBehind == Answer::Found ? FindBehind(nLength, pszName, value) : m_answerBehind;
     }
     /// The text has changed.
@@ -50,9 +48,7 @@ private:
         Value value;
     };
 
-    static int LowestBit(unsigned nBits);
-    unsigned FindFirst(wchar_t ch) const;
-    bool IsNote(int i, const wchar_t* pszName, Value& value) const;
+    bool FindNote(const wchar_t* pszName, Value& value) const;
     void Begin(const wchar_t* pszText, int nTag, int nLength);
     Answer FindBehind(int nLength, const wchar_t* pszName, Value& value);
 
@@ -63,8 +59,7 @@ private:
     // What stands behind the notes: Found: it has to be looked at; None: the tag's end; Unknown: no plain
     // attribute.
     Answer m_answerBehind = Answer::Unknown;
-    alignas(16) std::uint16_t
-        m_arrFirst[MOST] = {}; // the first unit of each name; behind the last note anything
+    std::uint64_t m_nFirstUnits = 0; // one bit for the first unit of each name noted, by its lowest six bits
     Note m_arrNote[MOST];
 };
 
