@@ -8,6 +8,7 @@
 #include "frame/BaseFrameWnd.h"
 #include "layout/CheckTree.h"
 #include "layout/SplitLine.h"
+#include "platform/base/Exception.h"
 #include "platform/display/Headless.h"
 #include "platform/docview/DocTemplate.h"
 #include "platform/docview/WinApp.h"
@@ -44,10 +45,20 @@ void CheckActive(CBaseFrameWnd& main)
         std::abort();
 }
 
+// Where two frames have one name, a command may ask the open one for a style that only the other has.
+void Open(CBaseFrameWnd& main, UINT nID)
+{
+    try {
+        main.OnBaseFrameOpen(nID);
+    } catch (CInvalidArgException* pException) {
+        pException->Delete();
+    }
+}
+
 void OpenAll(CBaseFrameWnd& main)
 {
     for (UINT nID = 500; nID < 500 + MOST_COMMANDS; ++nID) {
-        main.OnBaseFrameOpen(nID);
+        Open(main, nID);
         splitframe::DrainMessages();
         CheckActive(main);
     }
