@@ -8,8 +8,10 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <memory>
 #include <random>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSize);
@@ -34,6 +36,25 @@ void Collect(const std::filesystem::path& path, std::vector<Bytes>& arrSeed)
     } else {
         arrSeed.push_back(ReadAll(path));
     }
+}
+
+// A target is never given a null pointer, also when there are no bytes.
+void Run(const Bytes& data)
+{
+    static const std::uint8_t nothing = 0;
+    LLVMFuzzerTestOneInput(data.empty() ? &nothing : data.data(), data.size());
+}
+
+// The input is in the file before it runs, so that a crash leaves it behind. The file stays open: a file that
+// is opened anew and emptied each time would wait for the disk.
+void Keep(std::FILE* pFile, const Bytes& data)
+{
+    std::rewind(pFile);
+    if (!data.empty())
+        std::fwrite(data.data(), 1, data.size(), pFile);
+    std::fflush(pFile);
+    if (ftruncate(fileno(pFile), static_cast<off_t>(data.size())) != 0)
+        std::perror("the last input");
 }
 
 class Mutator
@@ -104,7 +125,7 @@ int main(int argc, char** argv)
             Collect(strArg, arrSeed);
     }
     for (const Bytes& data : arrSeed)
-        LLVMFuzzerTestOneInput(data.data(), data.size());
+        Run(data);
     if (arrSeed.empty())
         arrSeed.emplace_back();
 
@@ -114,14 +135,15 @@ int main(int argc, char** argv)
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(nSeconds);
     unsigned long nRuns = 0;
     const char* pszKeep = "fuzz-last-input";
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> keep(std::fopen(pszKeep, "wb"), std::fclose);
+    if (!keep) {
+        std::perror(pszKeep);
+        return 1;
+    }
     while (std::chrono::steady_clock::now() < end) {
         const Bytes data = mutator.Change(arrSeed);
-        // The input is on disk before it runs, so that a crash leaves it behind.
-        if (std::FILE* pFile = std::fopen(pszKeep, "wb")) {
-            std::fwrite(data.data(), 1, data.size(), pFile);
-            std::fclose(pFile);
-        }
-        LLVMFuzzerTestOneInput(data.data(), data.size());
+        Keep(keep.get(), data);
+        Run(data);
         ++nRuns;
     }
     std::remove(pszKeep);

@@ -1,12 +1,14 @@
 #!/bin/sh
-# Usage: scripts/fuzz.sh BUILD-FOLDER SECONDS
+# Usage: scripts/fuzz.sh BUILD-FOLDER SECONDS [SEED]
 # Runs every fuzz target of a build for so many seconds, as many at once as there are processors, each from its seeds in
-# fuzz/seeds/NAME. What a target prints is shown only when it fails; its failing input stays in the folder that is named.
+# fuzz/seeds/NAME. With SEED the same inputs are tried again, as far as the seconds reach; else each run tries others.
+# What a target prints is shown only when it fails; its failing input stays in the folder that is named.
 set -eu
 build=$(cd "$1" && pwd)
 seconds=$2
+seed=${3:+-seed=$3}
 root=$(cd "$(dirname "$0")/.." && pwd)
-export seconds root
+export seconds seed root
 
 find "$build/fuzz" -maxdepth 1 -name 'fuzz-*' -type f -perm -u+x -print0 | xargs -0 -P "$(nproc)" -n 1 sh -c '
     program=$1
@@ -17,7 +19,7 @@ find "$build/fuzz" -maxdepth 1 -name 'fuzz-*' -type f -perm -u+x -print0 | xargs
     [ -d "$seeds" ] || seeds=""
     cd "$work"
     if LSAN_OPTIONS="suppressions=$root/tests/lsan.supp:print_suppressions=0" \
-        "$program" -max_total_time="$seconds" found $seeds >log 2>&1
+        "$program" -max_total_time="$seconds" $seed found $seeds >log 2>&1
     then
         echo "fuzz target $name: $seconds seconds, nothing found"
         rm -rf "$work"
