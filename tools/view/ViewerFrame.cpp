@@ -39,16 +39,7 @@ void CViewerFrame::ShowStyle(int nFrame, int nStyle)
     int nCommand = nStyle;
     for (int nBefore = 0; nBefore < nFrame; ++nBefore)
         nCommand += m_arrBaseFrameDoc[nBefore]->m_arrStyle.GetSize();
-    OpenByCommand(ID_FRAME_FIRST + static_cast<UINT>(nCommand));
-}
-
-// A switch lays the panes out in all of the view, an opened frame leaves its edge free: here both look the
-// same.
-void CViewerFrame::OpenByCommand(UINT nID)
-{
-    OnBaseFrameOpen(nID);
-    if (CMDIChildWnd* pFront = MDIGetActive())
-        pFront->RecalcLayout();
+    OnBaseFrameOpen(ID_FRAME_FIRST + static_cast<UINT>(nCommand));
 }
 
 CBaseFrameDoc* CViewerFrame::OpenStyle(int nFrame, int nStyle)

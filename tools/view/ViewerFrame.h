@@ -28,9 +28,6 @@ public:
     /// in the layout.
     void ShowStyle(int nFrame, int nStyle);
 
-    /// The same by a command of the frames menu.
-    void OpenByCommand(UINT nID);
-
     /// The same with a new document. Frames that are open are closed before, so that the panes are new and
     /// stand where the style puts them.
     /// @return the opened document, or null when the frame could not be made

@@ -171,7 +171,7 @@ void CViewerWindow::OnStyle(UINT nID)
 
 void CViewerWindow::OnFrameCommand(UINT nID)
 {
-    OpenByCommand(nID);
+    OnBaseFrameOpen(nID);
     LockLines();
 }
 
