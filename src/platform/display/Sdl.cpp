@@ -263,6 +263,10 @@ void SdlDisplay::PumpEvents()
 {
     SDL_Event event;
     while (SDL_PollEvent(&event)) {
+        // The library asks to quit when its compositor is gone, and only then. On X the connection's own
+        // library ends the program at this point.
+        if (event.type == SDL_QUIT)
+            std::exit(EXIT_FAILURE);
         if (event.type == SDL_WINDOWEVENT)
             TakeWindowEvent(event.window);
         if (event.type == SDL_KEYDOWN || event.type == SDL_KEYUP)
