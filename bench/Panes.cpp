@@ -81,7 +81,7 @@ END_MESSAGE_MAP()
 void SwitchStyle(benchmark::State& state)
 {
     FrameHost host;
-    host.Load(RUNTIME_CLASS(CBaseUnitWnd), LayoutXml(1, static_cast<int>(state.range(0)), 2));
+    host.Load(RUNTIME_CLASS(TextPane), LayoutXml(1, static_cast<int>(state.range(0)), 2));
     host.Open(0);
     int nStyle = 0;
     for (auto _ : state) {
