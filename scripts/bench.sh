@@ -11,8 +11,9 @@ filter=${1:-.}
 cmake --preset bench >/dev/null
 cmake --build --preset bench -j "$(nproc)" >/dev/null
 
-# Freed memory stays in the process: otherwise the page faults of large documents are what is measured.
-export GLIBC_TUNABLES=glibc.malloc.mmap_max=0:glibc.malloc.trim_threshold=17179869184:glibc.malloc.top_pad=268435456
+# Freed memory stays in the process: otherwise the page faults of large documents are what is measured. Screens are left
+# alone: their large pages come from the system directly.
+keep=glibc.malloc.mmap_max=0:glibc.malloc.trim_threshold=17179869184:glibc.malloc.top_pad=268435456
 export SPLITFRAME_DISPLAY=headless
 
 results=$(mktemp)
@@ -21,6 +22,10 @@ trap 'rm -f "$results" "$output"' EXIT
 for program in build/bench/bench/bench-*; do
     [ -x "$program" ] && [ -f "$program" ] || continue
     [ "${program##*/}" != bench-Present ] || continue # needs a screen
+    case ${program##*/} in
+        bench-Markup* | bench-Dom | bench-Archive) export GLIBC_TUNABLES=$keep ;;
+        *) unset GLIBC_TUNABLES ;;
+    esac
     "$program" --benchmark_filter="$filter" --benchmark_repetitions=5 --benchmark_enable_random_interleaving=true \
         --benchmark_report_aggregates_only=true --benchmark_format=json >"$output" 2>&1 || { cat "$output"; exit 1; }
     awk -F'"' '
