@@ -10,11 +10,6 @@ namespace splitframe::markup {
 class AttribNotes
 {
 public:
-    struct Value
-    {
-        int nStart;
-        int nEnd; // the closing quote
-    };
     enum class Answer
     {
         Found,
@@ -22,45 +17,53 @@ public:
         Unknown
     };
 
-    /// Finds the first attribute of a tag that matches a name.
-    /// @param nTag  the tag's '<'
-    /// @param nLength  length of the text
-    /// @param pszName  starts with a character up to FFFF
-    Answer Find(const wchar_t* pszText, int nTag, int nLength, const wchar_t* pszName, Value& value)
+    /// Turns to the tag that starts at pTag.
+    /// @param pEnd  the text's end
+    void Enter(const wchar_t* pTag, const wchar_t* pEnd)
     {
-        if (nTag != m_nTag || pszText != m_pszText)
-            Begin(pszText, nTag, nLength);
-        // The names passed so far, where one starts alike, then the rest of the tag.
-        if ((m_nFirstUnits >> (*pszName & 63) & 1) != 0 && FindNote(pszName, value))
-            return Answer::Found;
-        return m_answerBehind == Answer::Found ? FindBehind(nLength, pszName, value) : m_answerBehind;
+        if (pTag != m_pTag)
+            Begin(pTag, pEnd);
+    }
+
+    /// Finds the first attribute of the tag that matches a name. When it is found, Pass has to be told where
+    /// its value ends before the next search.
+    /// @param pszName  starts with a character up to FFFF
+    /// @param pValue  out: where the value starts; its opening quote stands before it. It may not be closed
+    Answer Find(const wchar_t* pEnd, const wchar_t* pszName, const wchar_t*& pValue);
+    /// The same, where it is the next attribute, as it is when a tag is read from front to back.
+    /// @return the value, or null: then Find has to answer
+    const wchar_t* FindNext(const wchar_t* pszName);
+
+    /// @param pValueEnd  behind the closing quote of the value that was found, or the end of the text
+    void Pass(const wchar_t* pValueEnd)
+    {
+        if (m_pScan < pValueEnd)
+            m_pScan = pValueEnd;
     }
     /// The text has changed.
-    void Forget() { m_pszText = nullptr; }
+    void Forget() { m_pTag = nullptr; }
 
 private:
-    static constexpr int MOST = 16;
+    static constexpr int MOST = 32;
 
-    struct Note
-    {
-        int nName;
-        int nNameLength;
-        Value value;
-    };
+    void Begin(const wchar_t* pTag, const wchar_t* pEnd);
+    bool MayBeNoted(const wchar_t* pszName) const { return (m_nFirstUnits >> (*pszName & 63) & 1) != 0; }
+    const wchar_t* FindNote(const wchar_t* pEnd, const wchar_t* pszName) const;
+    Answer FindBehind(const wchar_t* pEnd, const wchar_t* pszName, const wchar_t*& pValue);
+    const wchar_t* Note(const wchar_t* pName, const wchar_t* pNameEnd);
+    Answer End(Answer answer, const wchar_t* pEnd);
 
-    bool FindNote(const wchar_t* pszName, Value& value) const;
-    void Begin(const wchar_t* pszText, int nTag, int nLength);
-    Answer FindBehind(int nLength, const wchar_t* pszName, Value& value);
-
-    const wchar_t* m_pszText = nullptr; // null: no notes
-    int m_nTag = 0;
-    int m_nScan = 0; // behind the last attribute noted
-    int m_nNotes = 0;
+    const wchar_t* m_pTag = nullptr; // null: no notes
+    const wchar_t* m_pScan =
+        nullptr; // behind the last value passed; the text's end when no more is to be noted
+    // One bit for the first unit of each name noted, by its lowest six bits, and always that of the empty
+    // name.
+    std::uint64_t m_nFirstUnits = 0;
     // What stands behind the notes: Found: it has to be looked at; None: the tag's end; Unknown: no plain
     // attribute.
     Answer m_answerBehind = Answer::Unknown;
-    std::uint64_t m_nFirstUnits = 0; // one bit for the first unit of each name noted, by its lowest six bits
-    Note m_arrNote[MOST];
+    int m_nNotes = 0;
+    const wchar_t* m_arrName[MOST];
 };
 
 } // namespace splitframe::markup

@@ -63,9 +63,9 @@ int CMarkup::x_FindElem(int iParentPos, int iPos, const wchar_t* pszName) const
         const int nLeft = m_aElemPos[iFound].nStartTagLeft;
         if (!x_IsInside(nLeft))
             continue;
-        int nName = nLeft + 1;
-        if (StartsName(psz[nName]) ? MatchesNameAt(psz, nName, pszName, m_strDoc.GetLength())
-                                   : x_MatchesAnyToken(nName, pszName))
+        const wchar_t* pName = psz + nLeft + 1;
+        if (StartsName(*pName) ? MatchesNameAt(pName, psz + m_strDoc.GetLength(), pszName)
+                               : x_MatchesAnyToken(nLeft + 1, pszName))
             return iFound;
     }
     return 0;

@@ -281,7 +281,10 @@ private:
     void x_Link(int iPos, int iParentPos, int iAfter);
     wchar_t* x_OpenGap(int nLeft, int nReplace, int nLength);
     int x_InsertText(int iParentPos, int& nIndex, const NewElem& elem);
-    bool x_FindValue(int iPos, const wchar_t* pszAttrib, splitframe::markup::AttribNotes::Value& value) const;
+    bool x_FindNoted(const wchar_t* pszAttrib, const wchar_t*& pValue) const;
+    std::wstring_view x_PassValue(const wchar_t* pValue) const;
+    std::wstring_view x_ScanValue(int nTag, const wchar_t* pszAttrib) const;
+    std::wstring_view x_FindValue(int iPos, const wchar_t* pszAttrib) const;
     bool x_LocateAttrib(int iPos, const wchar_t* pszAttrib, int& nLeft, int& nReplace) const;
     bool x_PlanAttrib(int iPos, const wchar_t* pszAttrib, const wchar_t* pszValue, TextEdit& edit) const;
     bool x_IsTagWhole(int iPos) const;

@@ -279,11 +279,12 @@ int CMarkup::x_InsertText(int iParentPos, int& nIndex, const NewElem& elem)
 // there
 bool CMarkup::x_LocateAttrib(int iPos, const wchar_t* pszAttrib, int& nLeft, int& nReplace) const
 {
-    AttribNotes::Value value;
-    const bool bThere = x_FindValue(iPos, pszAttrib, value);
+    const std::wstring_view value = x_FindValue(iPos, pszAttrib);
+    const bool bThere = value.data() != nullptr;
     const ElemPos& elem = m_aElemPos[iPos];
-    nLeft = bThere ? value.nStart : elem.nStartTagRight - (elem.IsEmptyElement() ? 1 : 0);
-    nReplace = bThere ? value.nEnd - value.nStart : 0;
+    nLeft = bThere ? static_cast<int>(value.data() - m_strDoc.GetString())
+                   : elem.nStartTagRight - (elem.IsEmptyElement() ? 1 : 0);
+    nReplace = static_cast<int>(value.size());
     return bThere;
 }
 

@@ -14,35 +14,25 @@ using namespace splitframe::markup;
 
 namespace {
 
-// The entity that the text begins with, or null.
-const Entity* FindEntity(std::wstring_view text)
-{
-    const auto* pFound = std::find_if(std::begin(ENTITIES), std::end(ENTITIES), [text](const Entity& entity) {
-        return text.substr(0, entity.name.size()) == entity.name;
-    });
-    return pFound == std::end(ENTITIES) ? nullptr : pFound;
-}
-
-#ifdef __SSE2__
-
 constexpr int SHORT = 12; // the size of a text that lives inside its object, terminator included
 static_assert(SHORT == CString::SHORT_CAPACITY + 1);
 
-// Short text, copied as a whole: room and source must have SHORT characters. @return as CopyToAmpersand
-int CopyShort(wchar_t* pTo, const wchar_t* pFrom, int nCount)
+// How many of the SHORT characters at p stand before the first '&' or chEnd.
+inline int CountShort(const wchar_t* p, wchar_t chEnd)
 {
-    const __m128i wanted = _mm_set1_epi32(L'&');
-    __m128i hits[3];
-    for (int i = 0; i < 3; ++i) {
-        const __m128i four = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pFrom) + i);
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(pTo) + i, four);
-        hits[i] = _mm_cmpeq_epi32(four, wanted);
-    }
-    const __m128i all = _mm_packs_epi16(_mm_packs_epi32(hits[0], hits[1]), _mm_packs_epi32(hits[2], hits[2]));
-    return std::countr_zero(static_cast<unsigned>(_mm_movemask_epi8(all)) | 1U << nCount);
-}
-
+#ifdef __SSE2__
+    // As bytes; what is above FF becomes FF.
+    const auto* pFour = reinterpret_cast<const __m128i*>(p);
+    const __m128i last = _mm_loadu_si128(pFour + 2);
+    const __m128i chars = _mm_packus_epi16(LoadEight(p), _mm_packs_epi32(last, last));
+    const __m128i hits = _mm_or_si128(_mm_cmpeq_epi8(chars, _mm_set1_epi8('&')),
+                                      _mm_cmpeq_epi8(chars, _mm_set1_epi8(static_cast<char>(chEnd))));
+    return std::countr_zero(static_cast<unsigned>(_mm_movemask_epi8(hits)) | 1U << SHORT);
+#else
+    return static_cast<int>(
+        std::find_if(p, p + SHORT, [chEnd](wchar_t ch) { return ch == L'&' || ch == chEnd; }) - p);
 #endif
+}
 
 // Copies text up to its first '&'. @return how many characters were copied
 int CopyToAmpersand(wchar_t* pTo, const wchar_t* pFrom, int nCount)
@@ -69,44 +59,47 @@ int CopyToAmpersand(wchar_t* pTo, const wchar_t* pFrom, int nCount)
     return n;
 }
 
-// Copies text, decoding entities. @return the end of what was written
-wchar_t* Decode(wchar_t* pOut, std::wstring_view text)
+// The entity that the text begins with, or null.
+const Entity* FindEntity(std::wstring_view text)
 {
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const Entity* pEntity = text[i] == L'&' ? FindEntity(text.substr(i + 1)) : nullptr;
-        *pOut++ = pEntity ? pEntity->ch : text[i];
-        i += pEntity ? pEntity->name.size() : 0;
+    for (const Entity& entity : ENTITIES) {
+        if (text.starts_with(entity.name))
+            return &entity;
     }
-    return pOut;
+    return nullptr;
 }
 
-// Takes the rest of a text in, from the first '&' on.
-[[gnu::noinline]] void DecodeRest(CString& strText, const wchar_t* pFrom, int nPlain, int nLength)
+// Copies text, decoding entities. @return how many characters were written
+int Decode(wchar_t* pTo, std::wstring_view text)
 {
-    wchar_t* pText = strText.GetBuffer(nLength);
-    const wchar_t* pEnd =
-        Decode(pText + nPlain, {pFrom + nPlain, static_cast<std::size_t>(nLength - nPlain)});
-    strText.ReleaseBufferSetLength(static_cast<int>(pEnd - pText));
+    const wchar_t* pFrom = text.data();
+    const wchar_t* pEnd = pFrom + text.size();
+    wchar_t* pOut = pTo;
+    for (;;) {
+        const int nPlain = CopyToAmpersand(pOut, pFrom, static_cast<int>(pEnd - pFrom));
+        pOut += nPlain;
+        pFrom += nPlain;
+        if (pFrom == pEnd)
+            return static_cast<int>(pOut - pTo);
+        const Entity* pEntity = FindEntity({pFrom + 1, static_cast<std::size_t>(pEnd - pFrom - 1)});
+        *pOut++ = pEntity ? pEntity->ch : L'&';
+        pFrom += pEntity ? 1 + pEntity->name.size() : 1;
+    }
 }
 
-// A part of the document, which holds it, with entities decoded.
-inline CString TextOf(const CString& strDoc, int nFirst, int nLength)
+std::wstring_view PartOf(const CString& strDoc, int nFirst, int nLength)
+{
+    if (nLength <= 0)
+        return {};
+    return {strDoc.GetString() + nFirst, static_cast<std::size_t>(nLength)};
+}
+
+// A part of the document with entities decoded.
+[[gnu::noinline]] CString TextOf(std::wstring_view part)
 {
     CString strText;
-    if (nLength <= 0)
-        return strText;
-    const wchar_t* pFrom = strDoc.GetString() + nFirst;
-    wchar_t* pText = strText.GetBuffer(nLength);
-#ifdef __SSE2__
-    const bool bShort = nLength < SHORT && strDoc.GetLength() - nFirst >= SHORT;
-    const int nPlain = bShort ? CopyShort(pText, pFrom, nLength) : CopyToAmpersand(pText, pFrom, nLength);
-#else
-    const int nPlain = CopyToAmpersand(pText, pFrom, nLength);
-#endif
-    if (nPlain == nLength)
-        strText.ReleaseBufferSetLength(nLength);
-    else
-        DecodeRest(strText, pFrom, nPlain, nLength);
+    wchar_t* pText = strText.GetBuffer(static_cast<int>(part.size()));
+    strText.ReleaseBufferSetLength(Decode(pText, part));
     return strText;
 }
 
@@ -130,33 +123,71 @@ CString CMarkup::x_GetTagName(int iPos) const
     return ScanToken(token) ? x_GetToken(token) : CString();
 }
 
-// Where an attribute's value stands; with an empty name, the first attribute's name. @return whether it is
-// there
-bool CMarkup::x_FindValue(int iPos, const wchar_t* pszAttrib, AttribNotes::Value& value) const
+// Finds the value of an attribute of the tag that the notes are at. @param pValue  out: where it starts, when
+// the notes can tell; then its end is to be searched by x_PassValue
+// @return false when there is no such attribute
+bool CMarkup::x_FindNoted(const wchar_t* pszAttrib, const wchar_t*& pValue) const
 {
-    const int nTag = m_aElemPos[iPos].nStartTagLeft;
-    if (!x_IsInside(nTag))
-        return false;
-    if (*pszAttrib != 0 && splitframe::UnitsOf(*pszAttrib) == 1) {
-        const auto answer = m_notes.Find(m_strDoc, nTag, m_strDoc.GetLength(), pszAttrib, value);
-        if (answer != AttribNotes::Answer::Unknown)
-            return answer == AttribNotes::Answer::Found;
-    }
+    if (*pszAttrib == 0 || splitframe::UnitsOf(*pszAttrib) != 1)
+        return true;
+    const wchar_t* pTextEnd = m_strDoc.GetString() + m_strDoc.GetLength();
+    return m_notes.Find(pTextEnd, pszAttrib, pValue) != AttribNotes::Answer::None;
+}
+
+std::wstring_view CMarkup::x_PassValue(const wchar_t* pValue) const
+{
+    const wchar_t* pTextEnd = m_strDoc.GetString() + m_strDoc.GetLength();
+    const wchar_t* pEnd = FindUnit(pValue, pTextEnd, pValue[-1]);
+    m_notes.Pass(pEnd != pTextEnd ? pEnd + 1 : pEnd);
+    return {pValue, static_cast<std::size_t>(pEnd - pValue)};
+}
+
+// The value of an attribute in any form; with an empty name, the first attribute's name.
+// @return without data when it is not there
+std::wstring_view CMarkup::x_ScanValue(int nTag, const wchar_t* pszAttrib) const
+{
     TokenPos token(m_strDoc);
     token.nScanPos = nTag + 1;
     if (!x_FindAttrib(token, pszAttrib))
-        return false;
-    value = {token.nTokenStart, token.nTokenEnd + 1};
-    return true;
+        return {};
+    return {token.pszText + token.nTokenStart,
+            static_cast<std::size_t>(token.nTokenEnd - token.nTokenStart + 1)};
 }
 
-// In one piece with the search: this runs for every value.
-[[gnu::flatten]] CString CMarkup::x_GetAttrib(int iPos, const wchar_t* pszAttrib) const
+std::wstring_view CMarkup::x_FindValue(int iPos, const wchar_t* pszAttrib) const
 {
-    AttribNotes::Value value;
-    if (iPos == 0 || m_nMainKind != MNK_ELEMENT || !pszAttrib || !x_FindValue(iPos, pszAttrib, value))
+    const int nTag = m_aElemPos[iPos].nStartTagLeft;
+    if (!x_IsInside(nTag))
+        return {};
+    m_notes.Enter(m_strDoc.GetString() + nTag, m_strDoc.GetString() + m_strDoc.GetLength());
+    const wchar_t* pValue = nullptr;
+    if (!x_FindNoted(pszAttrib, pValue))
+        return {};
+    return pValue ? x_PassValue(pValue) : x_ScanValue(nTag, pszAttrib);
+}
+
+// As x_FindValue, but mostly the next attribute is asked for, and its value is short and without entities:
+// then it is copied as soon as its end is found.
+CString CMarkup::x_GetAttrib(int iPos, const wchar_t* pszAttrib) const
+{
+    if (iPos == 0 || m_nMainKind != MNK_ELEMENT || !pszAttrib)
         return CString();
-    return TextOf(m_strDoc, value.nStart, value.nEnd - value.nStart);
+    const int nTag = m_aElemPos[iPos].nStartTagLeft;
+    if (!x_IsInside(nTag))
+        return CString();
+    const wchar_t* pTextEnd = m_strDoc.GetString() + m_strDoc.GetLength();
+    m_notes.Enter(m_strDoc.GetString() + nTag, pTextEnd);
+    const wchar_t* pValue = m_notes.FindNext(pszAttrib);
+    if (!pValue && !x_FindNoted(pszAttrib, pValue))
+        return CString();
+    if (pValue && pTextEnd - pValue >= SHORT) {
+        const int nLength = CountShort(pValue, pValue[-1]);
+        if (nLength < SHORT && pValue[nLength] == pValue[-1]) {
+            m_notes.Pass(pValue + nLength + 1);
+            return CString::FromShortUnits(pValue, nLength);
+        }
+    }
+    return TextOf(pValue ? x_PassValue(pValue) : x_ScanValue(nTag, pszAttrib));
 }
 
 bool CMarkup::x_FindAttrib(TokenPos& token, const wchar_t* pszAttrib) const
@@ -202,11 +233,17 @@ CString CMarkup::x_GetData(int iPos) const
                                           static_cast<int>(nClosing - OPENING.size()));
         }
     }
-    return TextOf(m_strDoc, elem.nStartTagRight + 1, elem.nEndTagLeft - elem.nStartTagRight - 1);
+    const int nFirst = elem.nStartTagRight + 1;
+    const int nLength = elem.nEndTagLeft - nFirst;
+    const wchar_t* pFirst = m_strDoc.GetString() + nFirst;
+    if (nLength >= 0 && nLength < SHORT && m_strDoc.GetLength() - nFirst >= SHORT &&
+        CountShort(pFirst, L'&') >= nLength)
+        return CString::FromShortUnits(pFirst, nLength);
+    return TextOf(PartOf(m_strDoc, nFirst, nLength));
 }
 
 CString CMarkup::x_TextFromDoc(int nLeft, int nRight) const
 {
     const int nFirst = std::max(nLeft, 0);
-    return TextOf(m_strDoc, nFirst, std::min(nRight, m_strDoc.GetLength() - 1) - nFirst + 1);
+    return TextOf(PartOf(m_strDoc, nFirst, std::min(nRight, m_strDoc.GetLength() - 1) - nFirst + 1));
 }

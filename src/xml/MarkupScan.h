@@ -18,6 +18,11 @@ inline bool IsSpace(wchar_t ch)
     return ch == L' ' || ch == L'\t' || ch == L'\n' || ch == L'\r';
 }
 
+inline bool IsQuote(wchar_t ch)
+{
+    return ch == L'"' || ch == L'\'';
+}
+
 // One bit for each character below 64 that ends a token, the terminating zero included.
 constexpr unsigned long long DelimiterBits()
 {
@@ -67,49 +72,43 @@ inline __m128i LoadEight(const wchar_t* p)
 
 #endif
 
-// Where the token ends that nFrom lies in: at a delimiter, or at nEnd.
-inline int FindTokenEnd(const wchar_t* pszText, int nFrom, int nEnd)
+// Where the token ends that p lies in: at a delimiter, or at pEnd.
+inline const wchar_t* FindTokenEnd(const wchar_t* p, const wchar_t* pEnd)
 {
 #ifdef __SSE2__
-    for (; nFrom + 8 <= nEnd; nFrom += 8) {
+    for (; pEnd - p >= 8; p += 8) {
         // All delimiters but the backslash lie below '@', and so do digits and a few signs.
-        const __m128i eight = LoadEight(pszText + nFrom);
+        const __m128i eight = LoadEight(p);
         const __m128i hits = _mm_or_si128(_mm_cmplt_epi16(eight, _mm_set1_epi16(L'@')),
                                           _mm_cmpeq_epi16(eight, _mm_set1_epi16(L'\\')));
         unsigned nBits = static_cast<unsigned>(_mm_movemask_epi8(hits));
         for (; nBits != 0; nBits &= nBits - 1, nBits &= nBits - 1) { // two bits a character
-            const int n = nFrom + std::countr_zero(nBits) / 2;
-            if (EndsToken(pszText[n]))
-                return n;
+            const int n = std::countr_zero(nBits) / 2;
+            if (EndsToken(p[n]))
+                return p + n;
         }
     }
 #endif
-    while (nFrom < nEnd && !EndsToken(pszText[nFrom]))
-        ++nFrom;
-    return nFrom;
+    while (p < pEnd && !EndsToken(*p))
+        ++p;
+    return p;
 }
 
-// The first position at nFrom or behind it of a character below 8000, or nEnd.
-inline int FindUnit(const wchar_t* pszText, int nFrom, int nEnd, wchar_t ch)
+// The first place at p or behind it of a character below 8000, or pEnd.
+inline const wchar_t* FindUnit(const wchar_t* p, const wchar_t* pEnd, wchar_t ch)
 {
 #ifdef __SSE2__
     const __m128i wanted = _mm_set1_epi16(static_cast<short>(ch));
-    if (nFrom + 8 <= nEnd) { // most values are short
-        const __m128i hits = _mm_cmpeq_epi16(LoadEight(pszText + nFrom), wanted);
+    for (; pEnd - p >= 16; p += 16) {
+        const __m128i hits =
+            _mm_packs_epi16(_mm_cmpeq_epi16(LoadEight(p), wanted), _mm_cmpeq_epi16(LoadEight(p + 8), wanted));
         if (const unsigned nBits = static_cast<unsigned>(_mm_movemask_epi8(hits)))
-            return nFrom + std::countr_zero(nBits) / 2;
-        nFrom += 8;
-    }
-    for (; nFrom + 16 <= nEnd; nFrom += 16) {
-        const __m128i hits = _mm_packs_epi16(_mm_cmpeq_epi16(LoadEight(pszText + nFrom), wanted),
-                                             _mm_cmpeq_epi16(LoadEight(pszText + nFrom + 8), wanted));
-        if (const unsigned nBits = static_cast<unsigned>(_mm_movemask_epi8(hits)))
-            return nFrom + std::countr_zero(nBits);
+            return p + std::countr_zero(nBits);
     }
 #endif
-    while (nFrom < nEnd && pszText[nFrom] != ch)
-        ++nFrom;
-    return nFrom;
+    while (p < pEnd && *p != ch)
+        ++p;
+    return p;
 }
 
 // Scans the token at nScanPos: see CMarkup::x_FindToken. Kept inline, since all reading goes through it.
@@ -123,7 +122,7 @@ template <class TokenPos> inline bool ScanToken(TokenPos& token)
         return false;
     }
     const wchar_t first = psz[n];
-    if (first == L'"' || first == L'\'') {
+    if (IsQuote(first)) {
         token.bQuoted = true;
         token.nTokenStart = ++n;
         const bool bClosed = SkipTo(psz, n, first);
@@ -155,23 +154,29 @@ inline bool MatchesName(const wchar_t* pToken, int nLength, const wchar_t* pszNa
     return *pszName == 0 || *pszName == L' ' || *pszName == L'=' || *pszName == L'/' || *pszName == L'[';
 }
 
-// Whether the token that starts at nIndex, where StartsName holds, matches a name. Moves nIndex to the
-// token's end.
-inline bool MatchesNameAt(const wchar_t* pszText, int& nIndex, const wchar_t* pszName, int nLength)
+// How many letters a text and a name begin with alike. Every delimiter but the backslash lies below 'A'.
+inline std::ptrdiff_t CountEqual(const wchar_t* pText, const wchar_t* pszName)
 {
-    // Mostly both are equal letters up to the token's end; every delimiter but the backslash lies below 'A'.
-    const wchar_t* pToken = pszText + nIndex;
-    int n = 0;
-    while (pToken[n] == pszName[n] && static_cast<unsigned>(pToken[n]) > L'@' && pToken[n] != L'\\')
-        ++n;
-    if (pszName[n] == 0 && EndsToken(pToken[n])) {
-        nIndex += n;
-        return true;
+    std::ptrdiff_t n = 0;
+#pragma GCC unroll 8
+    for (; pText[n] == pszName[n]; ++n) {
+        if (static_cast<unsigned>(pText[n]) <= L'@' || pText[n] == L'\\')
+            break;
     }
-    const int nEnd = FindTokenEnd(pszText, nIndex + n, nLength);
-    const bool bMatches = MatchesName(pToken, nEnd - nIndex, pszName);
-    nIndex = nEnd;
-    return bMatches;
+    return n;
+}
+
+// Whether the token at p, where StartsName holds, matches a name. Moves p to the token's end.
+// @param pEnd  the text's end
+inline bool MatchesNameAt(const wchar_t*& p, const wchar_t* pEnd, const wchar_t* pszName)
+{
+    const wchar_t* pToken = p;
+    const std::ptrdiff_t nEqual = CountEqual(p, pszName);
+    p += nEqual;
+    if (pszName[nEqual] == 0 && EndsToken(*p)) // mostly
+        return true;
+    p = FindTokenEnd(p, pEnd);
+    return MatchesName(pToken, static_cast<int>(p - pToken), pszName);
 }
 
 } // namespace splitframe::markup

@@ -9,6 +9,7 @@
 #include "platform/base/Types.h"
 
 #include <cstddef>
+#include <cstring>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -93,6 +94,12 @@ public:
     static CString FromUtf8(std::string_view text);
     /// UTF-16 units as they stand, zeros and unpaired surrogates included.
     static CString FromUnits(const wchar_t* pUnits, int nLength) { return CString(Units{}, pUnits, nLength); }
+    /// The same for short text, quicker: nLength is at most SHORT_CAPACITY, but one more than that can be
+    /// read.
+    static CString FromShortUnits(const wchar_t* pUnits, int nLength) noexcept
+    {
+        return CString(pUnits, nLength, Short{});
+    }
     ~CString()
     {
         if (m_pText != m_szShort)
@@ -195,8 +202,17 @@ private:
     struct Units
     {
     };
+    struct Short
+    {
+    };
 
     CString(Units, const wchar_t* pUnits, int nLength);
+    CString(const wchar_t* pUnits, int nLength, Short) noexcept
+        : m_pText(m_szShort), m_nLength(nLength), m_nCapacity(SHORT_CAPACITY)
+    {
+        std::memcpy(m_szShort, pUnits, sizeof(m_szShort)); // of a fixed size: a few instructions
+        m_szShort[nLength] = 0;
+    }
     static wchar_t* Allocate(wchar_t* pText, int nCapacity);
     static void Free(wchar_t* pText) noexcept;
     void Take(CString& str) noexcept;
