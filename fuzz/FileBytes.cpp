@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSi
         return 0;
     CString strPath;
     strPath.Format(L"/proc/self/fd/%d", nDescriptor);
-    CMarkup markup(L"<before/>");
+    COpenMarkup markup(L"<before/>");
     const bool bLoaded = markup.Load(strPath) == 1;
     if (bLoaded != (markup.GetFailure() == CMarkup::Failure::None) ||
         bLoaded != markup.GetFailureText().IsEmpty())

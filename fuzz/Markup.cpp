@@ -7,7 +7,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSize)
 {
     const CString strText = CString::FromUtf8({reinterpret_cast<const char*>(pData), nSize});
-    CMarkup markup(strText);
+    COpenMarkup markup(strText);
     WalkMarkup(markup);
     // Whole characters instead of units give the same document.
     if (!(CMarkup(strText.ToWide().c_str()).GetDoc() == markup.GetDoc()))

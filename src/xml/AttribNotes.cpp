@@ -3,33 +3,46 @@
 
 namespace splitframe::markup {
 
+namespace {
+
+// Names are sought by their first unit, which others do not have.
+bool StartsWithUnit(const wchar_t* pszName)
+{
+    return *pszName != 0 && UnitsOf(*pszName) == 1;
+}
+
+} // namespace
+
 void AttribNotes::Begin(const wchar_t* pTag, const wchar_t* pEnd)
 {
     m_pTag = pTag;
     m_nNotes = 0;
-    m_nFirstUnits = 1;
+    m_nKinds = 0;
     m_pScan = FindTokenEnd(pTag + 1, pEnd);
-    m_answerBehind = Answer::Found;
+    m_behind = Behind::Attribute;
     if (!StartsName(pTag[1]))
-        End(Answer::Unknown, pEnd);
+        Stop(Behind::Other, pEnd);
 }
 
 // Where the scan stands then, no attribute follows a space.
-AttribNotes::Answer AttribNotes::End(Answer answer, const wchar_t* pEnd)
+const wchar_t* AttribNotes::Stop(Behind behind, const wchar_t* pEnd)
 {
     m_pScan = pEnd;
-    return m_answerBehind = answer;
+    m_behind = behind;
+    return nullptr;
 }
 
-// The names passed so far, where one starts alike, then the rest of the tag.
-AttribNotes::Answer AttribNotes::Find(const wchar_t* pEnd, const wchar_t* pszName, const wchar_t*& pValue)
+bool AttribNotes::IsMissing(const wchar_t* pszName) const
 {
-    if (MayBeNoted(pszName)) {
-        pValue = FindNote(pEnd, pszName);
-        if (pValue)
-            return Answer::Found;
-    }
-    return m_answerBehind == Answer::Found ? FindBehind(pEnd, pszName, pValue) : m_answerBehind;
+    return m_behind == Behind::TagEnd && StartsWithUnit(pszName);
+}
+
+const wchar_t* AttribNotes::Find(const wchar_t* pEnd, const wchar_t* pszName)
+{
+    if (!StartsWithUnit(pszName))
+        return nullptr;
+    const wchar_t* pValue = FindNote(pEnd, pszName);
+    return pValue ? pValue : FindBehind(pEnd, pszName);
 }
 
 const wchar_t* AttribNotes::FindNote(const wchar_t* pEnd, const wchar_t* pszName) const
@@ -43,27 +56,28 @@ const wchar_t* AttribNotes::FindNote(const wchar_t* pEnd, const wchar_t* pszName
 }
 
 // Notes attributes until one matches.
-AttribNotes::Answer AttribNotes::FindBehind(const wchar_t* pEnd, const wchar_t* pszName,
-                                            const wchar_t*& pValue)
+const wchar_t* AttribNotes::FindBehind(const wchar_t* pEnd, const wchar_t* pszName)
 {
+    if (m_behind != Behind::Attribute)
+        return nullptr;
     for (const wchar_t* p = m_pScan; m_nNotes < MOST; ++p) {
         while (IsSpace(*p))
             ++p;
         const wchar_t* pName = p;
         if (!StartsName(*p))
-            return End(*p == L'>' || *p == L'/' || *p == L'?' ? Answer::None : Answer::Unknown, pEnd);
+            return Stop(*p == L'>' || *p == L'/' || *p == L'?' ? Behind::TagEnd : Behind::Other, pEnd);
         const bool bMatches = MatchesNameAt(p, pEnd, pszName);
         if (*p != L'=' || !IsQuote(p[1]))
             break;
-        pValue = Note(pName, p);
+        const wchar_t* pValue = Note(pName, p);
         if (bMatches)
-            return Answer::Found;
-        p = FindUnit(p + 2, pEnd, p[1]);
+            return pValue;
+        p = FindUnit(pValue, pEnd, p[1]);
         if (p == pEnd)
             break;
         m_pScan = p + 1;
     }
-    return End(Answer::Unknown, pEnd);
+    return Stop(Behind::Other, pEnd);
 }
 
 } // namespace splitframe::markup

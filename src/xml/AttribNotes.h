@@ -10,13 +10,6 @@ namespace splitframe::markup {
 class AttribNotes
 {
 public:
-    enum class Answer
-    {
-        Found,
-        None,
-        Unknown
-    };
-
     /// Turns to the tag that starts at pTag.
     /// @param pEnd  the text's end
     void Enter(const wchar_t* pTag, const wchar_t* pEnd)
@@ -27,12 +20,14 @@ public:
 
     /// Finds the first attribute of the tag that matches a name. When it is found, Pass has to be told where
     /// its value ends before the next search.
-    /// @param pszName  starts with a character up to FFFF
-    /// @param pValue  out: where the value starts; its opening quote stands before it. It may not be closed
-    Answer Find(const wchar_t* pEnd, const wchar_t* pszName, const wchar_t*& pValue);
+    /// @return where the value starts; its opening quote stands before it, but it may not be closed. Null: it
+    /// is not there if IsMissing says so; else the tag has to be scanned
+    const wchar_t* Find(const wchar_t* pEnd, const wchar_t* pszName);
     /// The same, where it is the next attribute, as it is when a tag is read from front to back.
-    /// @return the value, or null: then Find has to answer
+    /// @return null: then Find has to answer
     const wchar_t* FindNext(const wchar_t* pszName);
+    /// Whether a name that was not found is certainly not there.
+    bool IsMissing(const wchar_t* pszName) const;
 
     /// @param pValueEnd  behind the closing quote of the value that was found, or the end of the text
     void Pass(const wchar_t* pValueEnd)
@@ -46,22 +41,26 @@ public:
 private:
     static constexpr int MOST = 32;
 
+    // What stands behind the notes.
+    enum class Behind
+    {
+        Attribute, // perhaps
+        TagEnd,
+        Other // what can not be noted
+    };
+
     void Begin(const wchar_t* pTag, const wchar_t* pEnd);
-    bool MayBeNoted(const wchar_t* pszName) const { return (m_nFirstUnits >> (*pszName & 63) & 1) != 0; }
     const wchar_t* FindNote(const wchar_t* pEnd, const wchar_t* pszName) const;
-    Answer FindBehind(const wchar_t* pEnd, const wchar_t* pszName, const wchar_t*& pValue);
+    const wchar_t* FindBehind(const wchar_t* pEnd, const wchar_t* pszName);
     const wchar_t* Note(const wchar_t* pName, const wchar_t* pNameEnd);
-    Answer End(Answer answer, const wchar_t* pEnd);
+    const wchar_t* Stop(Behind behind, const wchar_t* pEnd);
+    static unsigned KindOf(const wchar_t* pName, const wchar_t* pNameEnd);
 
     const wchar_t* m_pTag = nullptr; // null: no notes
     const wchar_t* m_pScan =
-        nullptr; // behind the last value passed; the text's end when no more is to be noted
-    // One bit for the first unit of each name noted, by its lowest six bits, and always that of the empty
-    // name.
-    std::uint64_t m_nFirstUnits = 0;
-    // What stands behind the notes: Found: it has to be looked at; None: the tag's end; Unknown: no plain
-    // attribute.
-    Answer m_answerBehind = Answer::Unknown;
+        nullptr;                // behind the last value passed; the text's end when no more is to be noted
+    std::uint64_t m_nKinds = 0; // one bit for the kind of each name noted
+    Behind m_behind = Behind::Other;
     int m_nNotes = 0;
     const wchar_t* m_arrName[MOST];
 };

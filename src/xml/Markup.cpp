@@ -55,18 +55,30 @@ bool CMarkup::IsWellFormed() const
 
 int CMarkup::x_FindElem(int iParentPos, int iPos, const wchar_t* pszName) const
 {
-    int iFound = iPos != 0 ? m_aElemPos[iPos].iNextSibling : m_aElemPos[iParentPos].iFirstChild;
-    if (!pszName || *pszName == 0)
-        return iFound;
+    const int iFirst = iPos != 0 ? m_aElemPos[iPos].iNextSibling : m_aElemPos[iParentPos].iFirstChild;
+    if (iFirst == 0 || !pszName || *pszName == 0)
+        return iFirst;
+    // Mostly it is the first one.
+    if (const int nLeft = m_aElemPos[iFirst].nStartTagLeft; x_IsInside(nLeft)) {
+        const wchar_t* pName = m_strDoc.GetString() + nLeft + 1;
+        const std::ptrdiff_t nEqual = CountEqual(pName, pszName);
+        if (pszName[nEqual] == 0 && EndsToken(pName[nEqual]))
+            return iFirst;
+    }
+    return x_FindNamed(iFirst, pszName);
+}
+
+int CMarkup::x_FindNamed(int iFirst, const wchar_t* pszName) const
+{
     const wchar_t* psz = m_strDoc;
-    for (; iFound != 0; iFound = m_aElemPos[iFound].iNextSibling) {
-        const int nLeft = m_aElemPos[iFound].nStartTagLeft;
+    const wchar_t* pEnd = psz + m_strDoc.GetLength();
+    for (int i = iFirst; i != 0; i = m_aElemPos[i].iNextSibling) {
+        const int nLeft = m_aElemPos[i].nStartTagLeft;
         if (!x_IsInside(nLeft))
             continue;
         const wchar_t* pName = psz + nLeft + 1;
-        if (StartsName(*pName) ? MatchesNameAt(pName, psz + m_strDoc.GetLength(), pszName)
-                               : x_MatchesAnyToken(nLeft + 1, pszName))
-            return iFound;
+        if (StartsName(*pName) ? MatchesNameAt(pName, pEnd, pszName) : x_MatchesAnyToken(nLeft + 1, pszName))
+            return i;
     }
     return 0;
 }

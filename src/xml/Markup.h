@@ -281,7 +281,6 @@ private:
     void x_Link(int iPos, int iParentPos, int iAfter);
     wchar_t* x_OpenGap(int nLeft, int nReplace, int nLength);
     int x_InsertText(int iParentPos, int& nIndex, const NewElem& elem);
-    bool x_FindNoted(const wchar_t* pszAttrib, const wchar_t*& pValue) const;
     std::wstring_view x_PassValue(const wchar_t* pValue) const;
     std::wstring_view x_ScanValue(int nTag, const wchar_t* pszAttrib) const;
     std::wstring_view x_FindValue(int iPos, const wchar_t* pszAttrib) const;
@@ -289,6 +288,7 @@ private:
     bool x_PlanAttrib(int iPos, const wchar_t* pszAttrib, const wchar_t* pszValue, TextEdit& edit) const;
     bool x_IsTagWhole(int iPos) const;
     int x_GetStart(int iPos) const { return iPos != 0 ? m_aElemPos[iPos].nStartTagLeft : -1; }
+    int x_FindNamed(int iFirst, const wchar_t* pszName) const;
     bool x_MatchesAnyToken(int nScan, const wchar_t* pszName) const;
     bool x_SetText(CString&& strText);
     bool x_ParseDoc(splitframe::markup::TagIndex& index, const wchar_t* pText);

@@ -131,18 +131,16 @@ public:
     {
         m_iTop = m_iOpen = iTop;
         for (;;) {
-            const int i = TakeEntry();
-            switch (ReadTag(i)) {
+            switch (ReadTag()) {
             case Tag::Start:
-                m_iOpen = i;
+                m_iOpen = LastEntry();
                 continue;
             case Tag::Empty:
                 if (m_iOpen == m_iTop)
-                    return i;
-                Link(i);
+                    return LastEntry();
+                Link(LastEntry());
                 continue;
             case Tag::End:
-                --m_markup.m_iNextFree;
                 if (m_iOpen == m_iTop)
                     return 0;
                 break;
@@ -163,22 +161,22 @@ public:
 private:
     enum class Tag
     {
-        Start,
-        Empty,
+        Start, // of the element that now has the last entry
+        Empty, // the same
         End,
         Error
     };
 
-    int TakeEntry()
+    int LastEntry() const { return m_markup.m_iNextFree - 1; }
+
+    // The table grows before every tag that finds it full, end tags included.
+    void ReserveEntry()
     {
         if (m_markup.m_iNextFree == m_markup.m_aElemPos.GetSize()) {
             m_markup.x_GetFreePos();
             m_markup.x_ReleasePos();
             m_pTable = m_markup.m_aElemPos.GetData(); // it has moved
         }
-        const int i = m_markup.m_iNextFree++;
-        m_pTable[i] = {m_pTable[m_iOpen].nEndTagLeft, 0, 0, 0, m_iOpen, 0, 0};
-        return i;
     }
 
     // Appends a complete element to the children of the open one.
@@ -198,10 +196,12 @@ private:
         return -1;
     }
 
-    Tag Fail(int nPos, const wchar_t* pszFormat, const wchar_t* pszName = nullptr)
+    // Fails where an element is sought: with an entry that was taken for it and is given back.
+    Tag Fail(int nPos, const wchar_t* pszFormat)
     {
+        ++m_markup.m_iNextFree;
         m_markup.m_nFailurePos = nPos;
-        m_markup.x_ParseError(pszFormat, pszName);
+        m_markup.x_ParseError(pszFormat);
         return Tag::Error;
     }
 
@@ -214,8 +214,9 @@ private:
     }
 
     // Finds the next tag inside the open element, past comments and other nodes.
-    Tag ReadTag(int i)
+    Tag ReadTag()
     {
+        ReserveEntry();
         int nScan = std::max(m_pTable[m_iOpen].nEndTagLeft, 0);
         for (;;) {
             const int nLeft = m_finder.FindOpen(nScan);
@@ -224,8 +225,11 @@ private:
                             L"BaseUnit tag not found");
             m_pTable[m_iOpen].nEndTagLeft = nLeft;
             // Mostly a name follows at once. It holds no '>', so its end need not be known to find the tag's.
-            if (StartsName(m_pText[nLeft + 1]))
-                return ReadStartTagEnd(i, nLeft, nLeft + 2);
+            const wchar_t second = m_pText[nLeft + 1];
+            if (StartsName(second))
+                return ReadStartTagEnd(nLeft, nLeft + 2);
+            if (second == L'/')
+                return Tag::End;
             TokenPos token(m_pText);
             token.nScanPos = nLeft + 1;
             if (!ScanToken(token))
@@ -236,7 +240,7 @@ private:
             if (first == L'/')
                 return Tag::End;
             if (first != L'?' && first != L'!')
-                return ReadStartTagEnd(i, nLeft, token.nScanPos);
+                return ReadStartTagEnd(nLeft, token.nScanPos);
             token.nScanPos = nLeft;
             // White space before the '?' or '!' makes the scanner see a start tag, which it does not pass.
             if (const int nKind = m_markup.x_ParseNode(token); nKind == MNK_NONE || nKind == MNK_ELEMENT)
@@ -246,17 +250,14 @@ private:
     }
 
     // The first '>' ends the tag, quotes or not.
-    Tag ReadStartTagEnd(int i, int nLeft, int nScan)
+    Tag ReadStartTagEnd(int nLeft, int nScan)
     {
         const int nRight = m_finder.FindClose(nScan);
         if (nRight == m_nEnd)
             return Fail(nLeft, L"End of tag not found");
-        ElemPos& elem = m_pTable[i];
-        elem.nStartTagLeft = nLeft;
-        elem.nStartTagRight = nRight;
         const bool bEmpty = m_pText[nRight - 1] == L'/';
-        elem.nEndTagLeft = bEmpty ? nRight - 1 : nRight + 1;
-        elem.nEndTagRight = bEmpty ? nRight : 0;
+        m_pTable[m_markup.m_iNextFree++] = {
+            nLeft, nRight, bEmpty ? nRight - 1 : nRight + 1, bEmpty ? nRight : 0, m_iOpen, 0, 0};
         return bEmpty ? Tag::Empty : Tag::Start;
     }
 
@@ -270,15 +271,14 @@ private:
         const wchar_t* pEnd = m_pText + elem.nEndTagLeft + 2;
         if (pEnd[-1] != L'/' || !StartsName(*pStart))
             return false;
-        for (; *pStart == *pEnd; ++pStart, ++pEnd) {
-            if (EndsToken(*pStart) && *pStart != L'>')
-                return false;
-            if (*pStart == L'>')
-                break;
+        std::ptrdiff_t n = CountEqual(pStart, pEnd);
+        while (pStart[n] == pEnd[n] && StartsName(pEnd[n])) { // a digit or the like
+            ++n;
+            n += CountEqual(pStart + n, pEnd + n);
         }
-        if (*pEnd != L'>' || !EndsToken(*pStart))
+        if (pEnd[n] != L'>' || !EndsToken(pStart[n]))
             return false;
-        elem.nEndTagRight = static_cast<int>(pEnd - m_pText);
+        elem.nEndTagRight = static_cast<int>(pEnd + n - m_pText);
         return true;
     }
 
@@ -304,7 +304,8 @@ private:
 
     bool FailEnd(int i, const wchar_t* pszFormat)
     {
-        Fail(m_pTable[i].nEndTagLeft, pszFormat, NameOf(i));
+        m_markup.m_nFailurePos = m_pTable[i].nEndTagLeft;
+        m_markup.x_ParseError(pszFormat, NameOf(i));
         return false;
     }
 

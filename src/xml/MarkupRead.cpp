@@ -34,25 +34,34 @@ inline int CountShort(const wchar_t* p, wchar_t chEnd)
 #endif
 }
 
-// Copies text up to its first '&'. @return how many characters were copied
+#ifdef __SSE2__
+
+// Copies eight characters. @return how many of them stand before the first '&'
+inline int CopyEight(wchar_t* pTo, const wchar_t* pFrom)
+{
+    const __m128i first = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pFrom));
+    const __m128i second = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pFrom) + 1);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(pTo), first);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(pTo) + 1, second);
+    const __m128i hits = _mm_cmpeq_epi16(_mm_packs_epi32(first, second), _mm_set1_epi16(L'&'));
+    return std::countr_zero(static_cast<unsigned>(_mm_movemask_epi8(hits)) | 1U << 16) / 2;
+}
+
+#endif
+
+// Copies text up to its first '&'; what lies behind that in pTo is undefined then. @return how many
+// characters that is
 int CopyToAmpersand(wchar_t* pTo, const wchar_t* pFrom, int nCount)
 {
     int n = 0;
 #ifdef __SSE2__
-    const __m128i wanted = _mm_set1_epi32(L'&');
-    for (; n + 4 <= nCount; n += 4) {
-        const __m128i four = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pFrom + n));
-        if (_mm_movemask_epi8(_mm_cmpeq_epi32(four, wanted)) != 0)
-            break;
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(pTo + n), four);
+    for (; n + 8 <= nCount; n += 8) {
+        if (const int nPlain = CopyEight(pTo + n, pFrom + n); nPlain < 8)
+            return n + nPlain;
     }
-    if (n + 4 > nCount && nCount >= 4) { // the last few together with some that were copied already
-        const __m128i four = _mm_loadu_si128(reinterpret_cast<const __m128i*>(pFrom + nCount - 4));
-        if (_mm_movemask_epi8(_mm_cmpeq_epi32(four, wanted)) == 0) {
-            _mm_storeu_si128(reinterpret_cast<__m128i*>(pTo + nCount - 4), four);
-            return nCount;
-        }
-    }
+    // The last few together with some that were copied already.
+    if (nCount >= 8)
+        return nCount - 8 + CopyEight(pTo + nCount - 8, pFrom + nCount - 8);
 #endif
     for (; n < nCount && pFrom[n] != L'&'; ++n)
         pTo[n] = pFrom[n];
@@ -63,7 +72,7 @@ int CopyToAmpersand(wchar_t* pTo, const wchar_t* pFrom, int nCount)
 const Entity* FindEntity(std::wstring_view text)
 {
     for (const Entity& entity : ENTITIES) {
-        if (text.starts_with(entity.name))
+        if (!text.empty() && text.front() == entity.name.front() && text.starts_with(entity.name))
             return &entity;
     }
     return nullptr;
@@ -123,17 +132,7 @@ CString CMarkup::x_GetTagName(int iPos) const
     return ScanToken(token) ? x_GetToken(token) : CString();
 }
 
-// Finds the value of an attribute of the tag that the notes are at. @param pValue  out: where it starts, when
-// the notes can tell; then its end is to be searched by x_PassValue
-// @return false when there is no such attribute
-bool CMarkup::x_FindNoted(const wchar_t* pszAttrib, const wchar_t*& pValue) const
-{
-    if (*pszAttrib == 0 || splitframe::UnitsOf(*pszAttrib) != 1)
-        return true;
-    const wchar_t* pTextEnd = m_strDoc.GetString() + m_strDoc.GetLength();
-    return m_notes.Find(pTextEnd, pszAttrib, pValue) != AttribNotes::Answer::None;
-}
-
+// The value that the notes have found. Its end is still to be searched.
 std::wstring_view CMarkup::x_PassValue(const wchar_t* pValue) const
 {
     const wchar_t* pTextEnd = m_strDoc.GetString() + m_strDoc.GetLength();
@@ -142,13 +141,13 @@ std::wstring_view CMarkup::x_PassValue(const wchar_t* pValue) const
     return {pValue, static_cast<std::size_t>(pEnd - pValue)};
 }
 
-// The value of an attribute in any form; with an empty name, the first attribute's name.
+// The value of an attribute that the notes have not found; with an empty name, the first attribute's name.
 // @return without data when it is not there
 std::wstring_view CMarkup::x_ScanValue(int nTag, const wchar_t* pszAttrib) const
 {
     TokenPos token(m_strDoc);
     token.nScanPos = nTag + 1;
-    if (!x_FindAttrib(token, pszAttrib))
+    if (m_notes.IsMissing(pszAttrib) || !x_FindAttrib(token, pszAttrib))
         return {};
     return {token.pszText + token.nTokenStart,
             static_cast<std::size_t>(token.nTokenEnd - token.nTokenStart + 1)};
@@ -159,10 +158,9 @@ std::wstring_view CMarkup::x_FindValue(int iPos, const wchar_t* pszAttrib) const
     const int nTag = m_aElemPos[iPos].nStartTagLeft;
     if (!x_IsInside(nTag))
         return {};
-    m_notes.Enter(m_strDoc.GetString() + nTag, m_strDoc.GetString() + m_strDoc.GetLength());
-    const wchar_t* pValue = nullptr;
-    if (!x_FindNoted(pszAttrib, pValue))
-        return {};
+    const wchar_t* pTextEnd = m_strDoc.GetString() + m_strDoc.GetLength();
+    m_notes.Enter(m_strDoc.GetString() + nTag, pTextEnd);
+    const wchar_t* pValue = m_notes.Find(pTextEnd, pszAttrib);
     return pValue ? x_PassValue(pValue) : x_ScanValue(nTag, pszAttrib);
 }
 
@@ -178,8 +176,8 @@ CString CMarkup::x_GetAttrib(int iPos, const wchar_t* pszAttrib) const
     const wchar_t* pTextEnd = m_strDoc.GetString() + m_strDoc.GetLength();
     m_notes.Enter(m_strDoc.GetString() + nTag, pTextEnd);
     const wchar_t* pValue = m_notes.FindNext(pszAttrib);
-    if (!pValue && !x_FindNoted(pszAttrib, pValue))
-        return CString();
+    if (!pValue)
+        pValue = m_notes.Find(pTextEnd, pszAttrib);
     if (pValue && pTextEnd - pValue >= SHORT) {
         const int nLength = CountShort(pValue, pValue[-1]);
         if (nLength < SHORT && pValue[nLength] == pValue[-1]) {
@@ -219,6 +217,12 @@ CString CMarkup::x_GetData(int iPos) const
     if (iPos == 0 || elem.iFirstChild != 0 || elem.IsEmptyElement() || !x_IsInside(elem.nStartTagRight) ||
         elem.nEndTagLeft > m_strDoc.GetLength())
         return CString();
+    const int nFirst = elem.nStartTagRight + 1;
+    const int nLength = elem.nEndTagLeft - nFirst;
+    const wchar_t* pFirst = m_strDoc.GetString() + nFirst;
+    if (nLength >= 0 && nLength < SHORT && m_strDoc.GetLength() - nFirst >= SHORT &&
+        CountShort(pFirst, L'&') >= nLength)
+        return CString::FromShortUnits(pFirst, nLength);
     static constexpr std::wstring_view OPENING = L"<![CDATA[";
     static constexpr std::wstring_view CLOSING = L"]]>";
     int nStart = elem.nStartTagRight + 1;
@@ -233,12 +237,6 @@ CString CMarkup::x_GetData(int iPos) const
                                           static_cast<int>(nClosing - OPENING.size()));
         }
     }
-    const int nFirst = elem.nStartTagRight + 1;
-    const int nLength = elem.nEndTagLeft - nFirst;
-    const wchar_t* pFirst = m_strDoc.GetString() + nFirst;
-    if (nLength >= 0 && nLength < SHORT && m_strDoc.GetLength() - nFirst >= SHORT &&
-        CountShort(pFirst, L'&') >= nLength)
-        return CString::FromShortUnits(pFirst, nLength);
     return TextOf(PartOf(m_strDoc, nFirst, nLength));
 }
 

@@ -154,15 +154,15 @@ inline bool MatchesName(const wchar_t* pToken, int nLength, const wchar_t* pszNa
     return *pszName == 0 || *pszName == L' ' || *pszName == L'=' || *pszName == L'/' || *pszName == L'[';
 }
 
-// How many letters a text and a name begin with alike. Every delimiter but the backslash lies below 'A'.
+// How many letters a text and a name begin with alike. Delimiters and what ends a name within a name all lie
+// below 'A', but for the bracket and the backslash, which are neighbours.
 inline std::ptrdiff_t CountEqual(const wchar_t* pText, const wchar_t* pszName)
 {
+    static_assert(L'[' + 1 == L'\\');
     std::ptrdiff_t n = 0;
-#pragma GCC unroll 8
-    for (; pText[n] == pszName[n]; ++n) {
-        if (static_cast<unsigned>(pText[n]) <= L'@' || pText[n] == L'\\')
-            break;
-    }
+    while (pText[n] == pszName[n] && static_cast<unsigned>(pText[n]) > L'@' &&
+           static_cast<unsigned>(pText[n] - L'[') > 1)
+        ++n;
     return n;
 }
 

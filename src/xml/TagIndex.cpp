@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstdint>
 
 #ifdef __x86_64__
 #include <immintrin.h>
@@ -13,12 +14,9 @@
 namespace splitframe::markup {
 
 TagIndex::TagIndex(const wchar_t* pFrom, wchar_t* pTo, std::size_t nLength)
-    : m_pFrom(pFrom), m_pTo(pTo), m_nLength(nLength)
+    : m_pFrom(pFrom), m_pTo(pTo), m_nLength(static_cast<int>(nLength))
 {
-    for (List* pList : {&m_open, &m_close}) {
-        pList->pNext = pList->pEnd = pList->arrPos;
-        *pList->pEnd = NO_MORE;
-    }
+    *m_pEnd = m_nLength;
 }
 
 #ifdef __x86_64__
@@ -26,29 +24,48 @@ TagIndex::TagIndex(const wchar_t* pFrom, wchar_t* pTo, std::size_t nLength)
 namespace {
 
 // A copy this large will not be in the cache when it is read again, so it goes past the cache.
-constexpr std::size_t LARGE = std::size_t{4} << 20;
+constexpr int LARGE = 4 << 20;
 
-// Where four characters go: into a text that starts at pTo, at index n.
+// Where four or eight characters go: to the index n of a copy, whose start is aligned for four.
 struct StoreNothing
 {
-    static void Store(wchar_t*, std::size_t, __m128i) {}
+    static void Four(wchar_t*, int, __m128i) {}
+    __attribute__((target("avx2"))) static void Eight(wchar_t*, int, __m256i) {}
 };
 
 struct StoreCached
 {
-    static void Store(wchar_t* pTo, std::size_t n, __m128i four)
+    static void Four(wchar_t* pTo, int n, __m128i four)
     {
         _mm_store_si128(reinterpret_cast<__m128i*>(pTo + n), four);
+    }
+    __attribute__((target("avx2"))) static void Eight(wchar_t* pTo, int n, __m256i eight)
+    {
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(pTo + n), eight);
     }
 };
 
 struct StorePastCache
 {
-    static void Store(wchar_t* pTo, std::size_t n, __m128i four)
+    static void Four(wchar_t* pTo, int n, __m128i four)
     {
         _mm_stream_si128(reinterpret_cast<__m128i*>(pTo + n), four);
     }
+    __attribute__((target("avx2"))) static void Eight(wchar_t* pTo, int n, __m256i eight)
+    {
+        Four(pTo, n, _mm256_castsi256_si128(eight));
+        Four(pTo, n + 4, _mm256_extracti128_si256(eight, 1));
+    }
 };
+
+// Fetches 64 characters of the next block into the cache while this one is worked on. Behind the text that
+// does no harm, so the address is no pointer of it.
+inline void Prefetch(const wchar_t* p, std::size_t nAhead)
+{
+    const auto nFrom = reinterpret_cast<std::uintptr_t>(p) + nAhead * sizeof(wchar_t);
+    for (std::size_t n = 0; n < 64 * sizeof(wchar_t); n += 64)
+        _mm_prefetch(reinterpret_cast<const char*>(nFrom + n), _MM_HINT_T0);
+}
 
 bool HasWide(__m128i all)
 {
@@ -83,103 +100,98 @@ bool HasWideInstructions()
     return bHas;
 }
 
+// Both brackets become '>' with this bit, and nothing else does.
+static_assert(('<' | 2) == '>');
+
 } // namespace
 
-// The characters shrink to bytes (all above FF to FF or 0, which are no brackets), and each comparison then
+// The characters shrink to bytes (all above FF to FF or 0, which are no brackets), and one comparison then
 // gives one bit for each character.
-template <class Store> void TagIndex::LoadWords(std::size_t nWords)
+template <class Store> void TagIndex::LoadWords(int nWords)
 {
     __m128i all = _mm_setzero_si128();
-    for (std::size_t i = 0; i < nWords; ++i) {
-        const std::size_t nStart = m_nBlockStart + 64 * i;
-        std::uint64_t nOpen = 0;
-        std::uint64_t nClose = 0;
-        for (std::size_t j = 0; j < 64; j += 16) {
+    for (int nStart = m_nBlockStart; nStart < m_nBlockStart + 64 * nWords; nStart += 64) {
+        std::uint64_t nBrackets = 0;
+        Prefetch(m_pFrom + nStart, BLOCK);
+        for (int j = 0; j < 64; j += 16) {
             __m128i four[4];
-            for (std::size_t k = 0; k < 4; ++k) {
-                four[k] = _mm_loadu_si128(reinterpret_cast<const __m128i*>(m_pFrom + nStart + j + 4 * k));
-                Store::Store(m_pTo, nStart + j + 4 * k, four[k]);
+            for (int k = 0; k < 4; ++k) {
+                const int n = nStart + j + 4 * k;
+                four[k] = _mm_loadu_si128(reinterpret_cast<const __m128i*>(m_pFrom + n));
+                Store::Four(m_pTo, n, four[k]);
                 all = _mm_or_si128(all, four[k]);
             }
             const __m128i chars =
                 _mm_packus_epi16(_mm_packs_epi32(four[0], four[1]), _mm_packs_epi32(four[2], four[3]));
-            const int nOpens = _mm_movemask_epi8(_mm_cmpeq_epi8(chars, _mm_set1_epi8('<')));
-            const int nCloses = _mm_movemask_epi8(_mm_cmpeq_epi8(chars, _mm_set1_epi8('>')));
-            nOpen |= std::uint64_t{static_cast<unsigned>(nOpens)} << j;
-            nClose |= std::uint64_t{static_cast<unsigned>(nCloses)} << j;
+            const __m128i hits = _mm_cmpeq_epi8(_mm_or_si128(chars, _mm_set1_epi8(2)), _mm_set1_epi8('>'));
+            nBrackets |= std::uint64_t{static_cast<unsigned>(_mm_movemask_epi8(hits))} << j;
         }
-        m_open.pEnd = WritePositions(m_open.pEnd, nOpen, static_cast<int>(nStart));
-        m_close.pEnd = WritePositions(m_close.pEnd, nClose, static_cast<int>(nStart));
+        m_pEnd = WritePositions(m_pEnd, nBrackets, nStart);
     }
     m_bWide = m_bWide || HasWide(all);
 }
 
 // The same with 32 bytes at a time. Shrinking works within halves, so the bytes are put back in order
 // afterwards.
-template <class Store>
-__attribute__((target("avx2,bmi,popcnt"))) void TagIndex::LoadWordsWide(std::size_t nWords)
+template <class Store> __attribute__((target("avx2,bmi,popcnt"))) void TagIndex::LoadWordsWide(int nWords)
 {
     const __m256i order = _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7);
-    int* pOpenEnd = m_open.pEnd;
-    int* pCloseEnd = m_close.pEnd;
     const wchar_t* pFrom = m_pFrom;
     wchar_t* pTo = m_pTo;
+    int* pEnd = m_pEnd;
     __m256i all = _mm256_setzero_si256();
-    for (std::size_t nStart = m_nBlockStart; nStart < m_nBlockStart + 64 * nWords; nStart += 64) {
-        std::uint64_t nOpen = 0;
-        std::uint64_t nClose = 0;
-        for (std::size_t j = 0; j < 64; j += 32) {
+    for (int nStart = m_nBlockStart; nStart < m_nBlockStart + 64 * nWords; nStart += 64) {
+        std::uint64_t nBrackets = 0;
+        Prefetch(pFrom + nStart, BLOCK);
+        for (int j = 0; j < 64; j += 32) {
             __m256i eight[4];
-            for (std::size_t k = 0; k < 4; ++k) {
-                const std::size_t n = nStart + j + 8 * k;
+            for (int k = 0; k < 4; ++k) {
+                const int n = nStart + j + 8 * k;
                 eight[k] = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(pFrom + n));
-                Store::Store(pTo, n, _mm256_castsi256_si128(eight[k]));
-                Store::Store(pTo, n + 4, _mm256_extracti128_si256(eight[k], 1));
+                Store::Eight(pTo, n, eight[k]);
                 all = _mm256_or_si256(all, eight[k]);
             }
             const __m256i chars =
                 _mm256_permutevar8x32_epi32(_mm256_packus_epi16(_mm256_packs_epi32(eight[0], eight[1]),
                                                                 _mm256_packs_epi32(eight[2], eight[3])),
                                             order);
-            const int nOpens = _mm256_movemask_epi8(_mm256_cmpeq_epi8(chars, _mm256_set1_epi8('<')));
-            const int nCloses = _mm256_movemask_epi8(_mm256_cmpeq_epi8(chars, _mm256_set1_epi8('>')));
-            nOpen |= std::uint64_t{static_cast<unsigned>(nOpens)} << j;
-            nClose |= std::uint64_t{static_cast<unsigned>(nCloses)} << j;
+            const __m256i hits =
+                _mm256_cmpeq_epi8(_mm256_or_si256(chars, _mm256_set1_epi8(2)), _mm256_set1_epi8('>'));
+            nBrackets |= std::uint64_t{static_cast<unsigned>(_mm256_movemask_epi8(hits))} << j;
         }
-        pOpenEnd = WritePositionsWide(pOpenEnd, nOpen, static_cast<int>(nStart));
-        pCloseEnd = WritePositionsWide(pCloseEnd, nClose, static_cast<int>(nStart));
+        pEnd = WritePositionsWide(pEnd, nBrackets, nStart);
     }
-    m_open.pEnd = pOpenEnd;
-    m_close.pEnd = pCloseEnd;
+    m_pEnd = pEnd;
     m_bWide = m_bWide || HasWide(_mm_or_si128(_mm256_castsi256_si128(all), _mm256_extracti128_si256(all, 1)));
 }
 
 #endif
 
 // One character at a time.
-void TagIndex::LoadRest(std::size_t nFrom)
+void TagIndex::LoadRest(int nFrom)
 {
-    for (std::size_t n = nFrom; n < m_nBlockEnd; ++n) {
+    for (int n = nFrom; n < m_nBlockEnd; ++n) {
         const wchar_t ch = m_pFrom[n];
         if (m_pTo)
             m_pTo[n] = ch;
-        if (ch == L'<')
-            *m_open.pEnd++ = static_cast<int>(n);
-        if (ch == L'>')
-            *m_close.pEnd++ = static_cast<int>(n);
+        if (ch == L'<' || ch == L'>')
+            *m_pEnd++ = n;
         m_bWide = m_bWide || static_cast<char32_t>(ch) > 0xFFFF;
     }
 }
 
-void TagIndex::LoadBlock()
+// @return false at the end of the text, where it changes nothing but to say so once more
+bool TagIndex::LoadBlock()
 {
+    m_pNext = m_pEnd = m_arrPos;
+    *m_pEnd = m_nLength;
+    if (m_nBlockEnd == m_nLength)
+        return false;
     m_nBlockStart = m_nBlockEnd;
-    m_nBlockEnd = std::min(m_nBlockStart + BLOCK, m_nLength);
-    m_open.pNext = m_open.pEnd = m_open.arrPos;
-    m_close.pNext = m_close.pEnd = m_close.arrPos;
-    std::size_t nDone = 0;
+    m_nBlockEnd += std::min(BLOCK, m_nLength - m_nBlockStart);
+    int nDone = 0;
 #ifdef __x86_64__
-    const std::size_t nWords = (m_nBlockEnd - m_nBlockStart) / 64;
+    const int nWords = (m_nBlockEnd - m_nBlockStart) / 64;
     nDone = 64 * nWords;
     const bool bWide = HasWideInstructions();
     if (!m_pTo)
@@ -190,13 +202,14 @@ void TagIndex::LoadBlock()
         bWide ? LoadWordsWide<StorePastCache>(nWords) : LoadWords<StorePastCache>(nWords);
 #endif
     LoadRest(m_nBlockStart + nDone);
-    *m_open.pEnd = *m_close.pEnd = NO_MORE;
+    *m_pEnd = m_nLength;
+    return true;
 }
 
 bool TagIndex::Finish()
 {
-    while (m_nBlockEnd < m_nLength)
-        LoadBlock();
+    while (LoadBlock()) {
+    }
 #ifdef __x86_64__
     _mm_sfence(); // what went past the cache is there for everybody from now on
 #endif

@@ -110,6 +110,54 @@ TEST(MarkupLaws, EveryPrefixEndsCleanly)
     }
 }
 
+// A tag with attributes in all forms, most of them plain.
+std::wstring RandomTag(std::mt19937& random)
+{
+    static const wchar_t* const names[] = {L"a",   L"ab", L"b",    L"a[b",  L"MIN",
+                                           L"MAX", L"x1", L"a\\b", L"\xE9", L"\U0001F600"};
+    static const wchar_t* const forms[] = {L"=", L"=",   L"=", L"=",  L"=",  L"=",
+                                           L"=", L" = ", L"",  L"=/", L"==", L"\\="};
+    static const wchar_t* const values[] = {L"'1'",
+                                            L"\"it's\"",
+                                            L"''",
+                                            L"'eleven char'",
+                                            L"'twelve chars'",
+                                            L"'a &amp; b'",
+                                            L"\"{5F1D2A30-8C41-4D77-A5B2-000000000001}\"",
+                                            L"bare",
+                                            L"'1>2'",
+                                            L"'open"};
+    static const wchar_t* const spaces[] = {L" ", L" ", L" ", L" ", L" ", L"\n\t", L"  ", L""};
+    const auto pick = [&random](const auto& pieces) { return pieces[random() % std::size(pieces)]; };
+    std::wstring text = random() % 8 == 0 ? L"< r" : L"<r";
+    for (auto nAttributes = random() % 8; nAttributes > 0; --nAttributes) {
+        text += pick(spaces);
+        text += pick(names);
+        text += pick(forms);
+        text += random() % 16 == 0 ? pick(values) : values[random() % 7];
+    }
+    return text + (random() % 2 == 0 ? L"></r>" : L"/>");
+}
+
+TEST(MarkupLaws, ValuesReadInAnyOrderAreThoseOfAScan)
+{
+    static const wchar_t* const asked[] = {L"a",  L"ab",         L"b",    L"a[b", L"MIN",  L"MAX",
+                                           L"x1", L"a\\b",       L"\xE9", L"a=1", L"ab/x", L"MIN a",
+                                           L"",   L"\U0001F600", L"=",    L"M"};
+    for (unsigned nSeed = 0; nSeed < 30000; ++nSeed) {
+        std::mt19937 random(nSeed);
+        COpenMarkup markup(RandomTag(random).c_str());
+        if (!markup.FindElem())
+            continue;
+        for (int nReads = 0; nReads < 12; ++nReads) {
+            const wchar_t* pszName = asked[random() % std::size(asked)];
+            ASSERT_EQ(markup.GetAttrib(pszName).ToUtf8(), markup.ScannedAttrib(pszName).ToUtf8())
+                << "seed " << nSeed << ", read " << nReads << " of " << CString(pszName).ToUtf8() << " in "
+                << markup.GetDoc().ToUtf8();
+        }
+    }
+}
+
 TEST(MarkupLaws, BracketsStandAnywhereInTheIndex)
 {
     // One tag moved across the borders of the index's words.

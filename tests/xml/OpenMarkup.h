@@ -66,6 +66,15 @@ public:
         return str.ToUtf8();
     }
 
+    /// An attribute of the main element as a scan of its tag from the start finds it, without anything
+    /// remembered.
+    CString ScannedAttrib(const wchar_t* pszName) const
+    {
+        TokenPos token(m_strDoc);
+        token.nScanPos = m_aElemPos[m_iMainPos].nStartTagLeft + 1;
+        return x_FindAttrib(token, pszName) ? x_TextFromDoc(token.nTokenStart, token.nTokenEnd) : CString();
+    }
+
 private:
     // Attributes are told only while there is a main element.
     CString AttribOf(int i, const wchar_t* pszName) const
