@@ -4,12 +4,10 @@
 #include "Application.h"
 #include "ClassTables.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace {
 
-constexpr int HEADER_HEIGHT = 24;
 constexpr int TIME_WIDTH = 84;
 constexpr int VALUE_WIDTH = 96;
 
@@ -30,13 +28,7 @@ Columns PlaceColumns(const CRect& rc)
 
 } // namespace
 
-IMPLEMENT_DYNCREATE(CHistoryUnit, CPaneUnit)
-
-BEGIN_MESSAGE_MAP(CHistoryUnit, CPaneUnit)
-ON_WM_SIZE()
-ON_WM_KEYDOWN()
-ON_WM_MOUSEWHEEL()
-END_MESSAGE_MAP()
+IMPLEMENT_DYNCREATE(CHistoryUnit, CListUnit)
 
 GUID CHistoryUnit::GetGUID()
 {
@@ -73,9 +65,7 @@ void CHistoryUnit::OnShowInstrument(int nInstrument)
 void CHistoryUnit::ListRows()
 {
     const CPlantRecord& record = App().GetRecord();
-    CRect rc = GetContentRect();
-    rc.top = std::min(rc.top + HEADER_HEIGHT, rc.bottom);
-    m_rows.SetRows(record.GetSampleCount(), theme::ROW_HEIGHT, rc);
+    PlaceRows(record.GetSampleCount(), HEADER_HEIGHT);
     const double dNewer = record.GetTime() - m_dNewest;
     m_dNewest = record.GetTime();
     if (m_rows.GetFirst() > 0)
@@ -86,33 +76,6 @@ void CHistoryUnit::OnNewData()
 {
     ListRows();
     Invalidate(FALSE); // the caption counts samples
-}
-
-void CHistoryUnit::OnSize(UINT nType, int cx, int cy)
-{
-    CPaneUnit::OnSize(nType, cx, cy);
-    ListRows();
-}
-
-void CHistoryUnit::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
-{
-    const int nRow = m_rows.RowByKey(nChar, m_rows.GetFirst());
-    if (nRow < 0)
-        return CPaneUnit::OnKeyDown(nChar, nRepCnt, nFlags);
-    if (m_rows.ScrollTo(nRow))
-        Invalidate(FALSE);
-}
-
-BOOL CHistoryUnit::OnMouseWheel(UINT, short zDelta, CPoint pt)
-{
-    return ProcessMouseWheel(zDelta, pt);
-}
-
-BOOL CHistoryUnit::ProcessMouseWheel(short zDelta, CPoint)
-{
-    if (m_rows.ScrollByWheel(zDelta))
-        Invalidate(FALSE);
-    return TRUE;
 }
 
 void CHistoryUnit::Draw(CDC& dc, const CRect& rc)

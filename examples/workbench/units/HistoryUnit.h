@@ -4,17 +4,15 @@
 // Parameters: TAGS (the instrument at the start).
 #pragma once
 
-#include "units/PaneUnit.h"
-#include "units/ScrollList.h"
+#include "units/ListUnit.h"
 
-class CHistoryUnit : public CPaneUnit
+class CHistoryUnit : public CListUnit
 {
     DECLARE_DYNCREATE(CHistoryUnit)
 
 public:
     CHistoryUnit() = default;
     GUID GetGUID() override;
-    BOOL ProcessMouseWheel(short zDelta, CPoint pt) override;
 
     int GetInstrumentShown() const { return m_nInstrument; }
 
@@ -26,19 +24,12 @@ protected:
     void OnNewData() override;
     void OnShowInstrument(int nInstrument) override;
     int GetSelectedInstrument() const override { return m_nInstrument; }
-
-    void OnSize(UINT nType, int cx, int cy);
-    void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
-    BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint pt);
-
-    DECLARE_MESSAGE_MAP()
+    void ListRows() override;
 
 private:
-    void ListRows();
     void DrawHeader(CDC& dc, const CRect& rc) const;
     void DrawRow(CDC& dc, int nRow) const;
 
-    CScrollList m_rows;
     double m_dNewest = 0.0; // time of the sample at the top
     int m_nInstrument = 0;
 };

@@ -16,12 +16,10 @@ constexpr int WIDTH_FOR_SOURCE = 500;
 
 } // namespace
 
-IMPLEMENT_DYNCREATE(CLogUnit, CPaneUnit)
+IMPLEMENT_DYNCREATE(CLogUnit, CListUnit)
 
-BEGIN_MESSAGE_MAP(CLogUnit, CPaneUnit)
-ON_WM_SIZE()
+BEGIN_MESSAGE_MAP(CLogUnit, CListUnit)
 ON_WM_KEYDOWN()
-ON_WM_MOUSEWHEEL()
 END_MESSAGE_MAP()
 
 GUID CLogUnit::GetGUID()
@@ -45,7 +43,7 @@ void CLogUnit::ListRows()
     const int nEntries = App().GetRecord().GetJournal().GetCount();
     const int nNew = nEntries - m_nEntries;
     m_nEntries = nEntries;
-    m_rows.SetRows(nEntries, theme::ROW_HEIGHT, GetContentRect());
+    PlaceRows(nEntries, 0);
     if (nNew > 0 && m_rows.GetFirst() > 0)
         m_rows.ScrollBy(nNew);
 }
@@ -67,36 +65,13 @@ void CLogUnit::FillMenu(CMenu& menu)
     menu.AppendMenu(MF_STRING, ID_PLANT_ACKNOWLEDGE, L"&Acknowledge alarms\tEnter");
 }
 
-void CLogUnit::OnSize(UINT nType, int cx, int cy)
-{
-    CPaneUnit::OnSize(nType, cx, cy);
-    ListRows();
-}
-
 void CLogUnit::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 {
-    if (nChar == VK_RETURN) {
-        // What acknowledging means is the frame's business, not the list's.
+    // What acknowledging means is the frame's business, not the list's.
+    if (nChar == VK_RETURN)
         ProcessHelperMessage(HELPER_MSG_ACKNOWLEDGE, 0, 0);
-        return;
-    }
-    const int nRow = m_rows.RowByKey(nChar, m_rows.GetFirst());
-    if (nRow < 0)
-        return CPaneUnit::OnKeyDown(nChar, nRepCnt, nFlags);
-    if (m_rows.ScrollTo(nRow))
-        Invalidate(FALSE);
-}
-
-BOOL CLogUnit::OnMouseWheel(UINT, short zDelta, CPoint pt)
-{
-    return ProcessMouseWheel(zDelta, pt);
-}
-
-BOOL CLogUnit::ProcessMouseWheel(short zDelta, CPoint)
-{
-    if (m_rows.ScrollByWheel(zDelta))
-        Invalidate(FALSE);
-    return TRUE;
+    else
+        CListUnit::OnKeyDown(nChar, nRepCnt, nFlags);
 }
 
 void CLogUnit::Draw(CDC& dc, const CRect&)

@@ -2,17 +2,15 @@
 // their severity. Wheel and keys scroll; Enter acknowledges the alarms.
 #pragma once
 
-#include "units/PaneUnit.h"
-#include "units/ScrollList.h"
+#include "units/ListUnit.h"
 
-class CLogUnit : public CPaneUnit
+class CLogUnit : public CListUnit
 {
     DECLARE_DYNCREATE(CLogUnit)
 
 public:
     CLogUnit() = default;
     GUID GetGUID() override;
-    BOOL ProcessMouseWheel(short zDelta, CPoint pt) override;
 
 protected:
     void Draw(CDC& dc, const CRect& rc) override;
@@ -20,17 +18,14 @@ protected:
     void OnNewData() override;
     void OnJournalChanged() override;
     void FillMenu(CMenu& menu) override;
+    void ListRows() override;
 
-    void OnSize(UINT nType, int cx, int cy);
     void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
-    BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint pt);
 
     DECLARE_MESSAGE_MAP()
 
 private:
-    void ListRows();
     void DrawEntry(CDC& dc, int nRow) const;
 
-    CScrollList m_rows;
     int m_nEntries = 0;
 };

@@ -1,5 +1,5 @@
 // Rows that do not all fit: which ones are to be seen, which one lies under a point, and what keys and wheel
-// do to that. Shared by the table and the journal; draws only the thumb at the right edge.
+// do to that. Draws only the thumb at the right edge.
 #pragma once
 
 #include <platform/base/Geometry.h>

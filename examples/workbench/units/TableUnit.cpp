@@ -46,8 +46,6 @@ constexpr std::array<ColumnInfo, COLUMN_COUNT> COLUMNS = {{
     {L"High", 58, 3, DT_RIGHT},
 }};
 
-constexpr int HEADER_HEIGHT = 24;
-
 bool IsShown(int nColumn, int nWorstPriority)
 {
     return COLUMNS[static_cast<std::size_t>(nColumn)].nPriority <= nWorstPriority;
@@ -84,15 +82,12 @@ void DrawRangeBar(CDC& dc, const CRect& rc, const Instrument& instrument, double
 
 } // namespace
 
-IMPLEMENT_DYNCREATE(CTableUnit, CPaneUnit)
+IMPLEMENT_DYNCREATE(CTableUnit, CListUnit)
 
-BEGIN_MESSAGE_MAP(CTableUnit, CPaneUnit)
-ON_WM_SIZE()
+BEGIN_MESSAGE_MAP(CTableUnit, CListUnit)
 ON_WM_LBUTTONDOWN()
 ON_WM_RBUTTONDOWN()
 ON_WM_LBUTTONDBLCLK()
-ON_WM_KEYDOWN()
-ON_WM_MOUSEWHEEL()
 END_MESSAGE_MAP()
 
 GUID CTableUnit::GetGUID()
@@ -127,9 +122,7 @@ void CTableUnit::ListRows()
         if (!m_bAlarmsOnly || App().GetRecord().GetState(n) != AlarmState::Normal)
             m_arrInstrument.push_back(n);
     }
-    CRect rcRows = GetContentRect();
-    rcRows.top = std::min(rcRows.top + HEADER_HEIGHT, rcRows.bottom);
-    m_rows.SetRows(static_cast<int>(m_arrInstrument.size()), theme::ROW_HEIGHT, rcRows);
+    PlaceRows(static_cast<int>(m_arrInstrument.size()), HEADER_HEIGHT);
 }
 
 int CTableUnit::RowOf(int nInstrument) const
@@ -151,13 +144,6 @@ void CTableUnit::OnNewData()
     Invalidate(FALSE); // the caption counts alarms
 }
 
-void CTableUnit::OnSize(UINT nType, int cx, int cy)
-{
-    CPaneUnit::OnSize(nType, cx, cy);
-    ListRows();
-    m_rows.MakeVisible(RowOf(m_nSelected));
-}
-
 /// The frame tells all units what is selected, so this must not tell the frame.
 void CTableUnit::OnShowInstrument(int nInstrument)
 {
@@ -174,24 +160,23 @@ void CTableUnit::Select(int nInstrument)
     Notify(NOTIFY_INSTRUMENT_SELECTED, nInstrument);
 }
 
-void CTableUnit::SelectAt(CPoint pt)
+void CTableUnit::SelectRow(int nRow)
 {
-    const int nRow = m_rows.HitTest(pt);
     if (nRow >= 0)
         Select(m_arrInstrument[static_cast<std::size_t>(nRow)]);
 }
 
 void CTableUnit::OnLButtonDown(UINT nFlags, CPoint pt)
 {
-    SelectAt(pt);
-    CPaneUnit::OnLButtonDown(nFlags, pt);
+    SelectRow(m_rows.HitTest(pt));
+    CListUnit::OnLButtonDown(nFlags, pt);
 }
 
 /// What the context menu is about is selected first.
 void CTableUnit::OnRButtonDown(UINT nFlags, CPoint pt)
 {
-    SelectAt(pt);
-    CPaneUnit::OnRButtonDown(nFlags, pt);
+    SelectRow(m_rows.HitTest(pt));
+    CListUnit::OnRButtonDown(nFlags, pt);
 }
 
 void CTableUnit::OnLButtonDblClk(UINT nFlags, CPoint pt)
@@ -199,28 +184,7 @@ void CTableUnit::OnLButtonDblClk(UINT nFlags, CPoint pt)
     if (m_rows.HitTest(pt) >= 0)
         OpenBaseFrame(L"Trends");
     else
-        CPaneUnit::OnLButtonDblClk(nFlags, pt);
-}
-
-void CTableUnit::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
-{
-    const int nRow = m_rows.RowByKey(nChar, RowOf(m_nSelected));
-    if (nRow >= 0)
-        Select(m_arrInstrument[static_cast<std::size_t>(nRow)]);
-    else
-        CPaneUnit::OnKeyDown(nChar, nRepCnt, nFlags);
-}
-
-BOOL CTableUnit::OnMouseWheel(UINT, short zDelta, CPoint pt)
-{
-    return ProcessMouseWheel(zDelta, pt);
-}
-
-BOOL CTableUnit::ProcessMouseWheel(short zDelta, CPoint)
-{
-    if (m_rows.ScrollByWheel(zDelta))
-        Invalidate(FALSE);
-    return TRUE;
+        CListUnit::OnLButtonDblClk(nFlags, pt);
 }
 
 void CTableUnit::Draw(CDC& dc, const CRect& rc)
