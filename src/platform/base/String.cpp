@@ -82,7 +82,7 @@ template <class Map> int CompareSplit(const wchar_t* pUnits, int nLength, const 
 wchar_t* CString::Allocate(wchar_t* pText, int nCapacity)
 {
     const std::size_t nBytes = (static_cast<std::size_t>(nCapacity) + 1) * sizeof(wchar_t);
-    void* pNew = std::realloc(pText, nBytes);
+    void* pNew = pText ? std::realloc(pText, nBytes) : std::malloc(nBytes);
     if (!pNew)
         AfxThrowMemoryException();
     PreferLargePages(pNew, nBytes);
@@ -116,16 +116,21 @@ void CString::Reserve(long long nLength)
         return;
     if (nLength >= std::numeric_limits<int>::max())
         AfxThrowMemoryException();
-    // Appending piece by piece grows by half; a first allocation is exact.
-    const long long nGrown =
-        m_nLength == 0 ? 0 : std::min<long long>(m_nCapacity + m_nCapacity / 2LL, 0x7FFFFFF0);
-    const int nCapacity = static_cast<int>(std::max(nLength, nGrown));
-    if (m_pText == m_szShort || m_nLength == 0) { // the little or nothing that is there is copied by hand
-        wchar_t* pText = Allocate(nullptr, nCapacity);
-        std::memcpy(pText, m_pText, (static_cast<std::size_t>(m_nLength) + 1) * sizeof(wchar_t));
+    // A first allocation is exact; appending piece by piece grows by half.
+    if (m_nLength == 0) {
+        wchar_t* pText = Allocate(nullptr, static_cast<int>(nLength));
+        *pText = 0;
         if (m_pText != m_szShort)
             Free(m_pText);
         m_pText = pText;
+        m_nCapacity = static_cast<int>(nLength);
+        return;
+    }
+    const long long nGrown = std::min<long long>(m_nCapacity + m_nCapacity / 2LL, 0x7FFFFFF0);
+    const int nCapacity = static_cast<int>(std::max(nLength, nGrown));
+    if (m_pText == m_szShort) {
+        m_pText = Allocate(nullptr, nCapacity);
+        std::memcpy(m_pText, m_szShort, sizeof(m_szShort));
     } else {
         m_pText = Allocate(m_pText, nCapacity);
     }
