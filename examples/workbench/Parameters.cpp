@@ -27,12 +27,13 @@ CString CParameters::GetText(const wchar_t* pszKey) const
     return {};
 }
 
-std::pair<CString, CString> CParameters::GetPair(const wchar_t* pszKey) const
+bool CParameters::GetPair(const wchar_t* pszKey, CString& strFirst, CString& strSecond) const
 {
     const CString strValue = GetText(pszKey);
     int nFrom = 0;
-    const CString strFirst = NextPiece(strValue, L',', nFrom);
-    return {strFirst, strValue.Mid(nFrom).Trim()};
+    strFirst = NextPiece(strValue, L',', nFrom);
+    strSecond = strValue.Mid(nFrom).Trim();
+    return !strFirst.IsEmpty();
 }
 
 bool CParameters::IsSet(const wchar_t* pszKey) const

@@ -4,7 +4,6 @@
 
 #include <platform/base/String.h>
 
-#include <utility>
 #include <vector>
 
 class CParameters
@@ -17,7 +16,8 @@ public:
     /// The value of a key, letter case kept; empty when the key is not there.
     CString GetText(const wchar_t* pszKey) const;
     /// The value in two, cut at the first comma; both empty when the key is not there.
-    std::pair<CString, CString> GetPair(const wchar_t* pszKey) const;
+    /// @return whether the first is not empty
+    bool GetPair(const wchar_t* pszKey, CString& strFirst, CString& strSecond) const;
     /// Whether the key has the value "1".
     bool IsSet(const wchar_t* pszKey) const;
     /// The instruments whose tags a key lists, separated by commas; unknown tags are left out.

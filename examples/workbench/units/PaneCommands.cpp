@@ -42,14 +42,15 @@ const Direction& InfoOf(CSplitLine::DIRECT_VALUE direction)
 
 void CPaneUnit::ReadPaneParameters()
 {
-    const auto [strFold, strPart] = m_parameters.GetPair(L"FOLD");
+    CString strFold, strPart;
+    m_parameters.GetPair(L"FOLD", strFold, strPart);
     for (const DIRECT_VALUE direction : {DV_RIGHT, DV_LEFT, DV_TOP, DV_BOTTOM}) {
         if (strFold.CompareNoCase(InfoOf(direction).pszName) == 0)
             m_neighbour = Neighbour{direction, strPart};
     }
-    const auto [strUnit, strKind] = m_parameters.GetPair(L"SWAP");
-    if (!strUnit.IsEmpty())
-        m_other = Other{strUnit, strKind};
+    Other other;
+    if (m_parameters.GetPair(L"SWAP", other.strUnit, other.strKind))
+        m_other = other;
 }
 
 bool CPaneUnit::IsInSight() const
