@@ -5,7 +5,8 @@ namespace splitframe::markup {
 
 namespace {
 
-// Names are sought by their first unit, which others do not have.
+// Notes are searched by a name's first unit. An empty name has none, and a character above FFFF stands as two
+// units in the text.
 bool StartsWithUnit(const wchar_t* pszName)
 {
     return *pszName != 0 && UnitsOf(*pszName) == 1;
@@ -15,6 +16,8 @@ bool StartsWithUnit(const wchar_t* pszName)
 
 void AttribNotes::Begin(const wchar_t* pTag, const wchar_t* pEnd)
 {
+    // A document is mostly read from front to back, and what the processor fetches by itself ends at a page.
+    Prefetch(pTag, 1024, 128);
     m_pTag = pTag;
     m_nNotes = 0;
     m_nKinds = 0;
@@ -24,7 +27,7 @@ void AttribNotes::Begin(const wchar_t* pTag, const wchar_t* pEnd)
         Stop(Behind::Other, pEnd);
 }
 
-// Where the scan stands then, no attribute follows a space.
+// At the text's end FindNext sees no space and leaves everything to Find.
 const wchar_t* AttribNotes::Stop(Behind behind, const wchar_t* pEnd)
 {
     m_pScan = pEnd;
@@ -45,11 +48,17 @@ const wchar_t* AttribNotes::Find(const wchar_t* pEnd, const wchar_t* pszName)
     return pValue ? pValue : FindBehind(pEnd, pszName);
 }
 
+// A name that was noted ends at its '='.
 const wchar_t* AttribNotes::FindNote(const wchar_t* pEnd, const wchar_t* pszName) const
 {
     for (int i = 0; i < m_nNotes; ++i) {
         const wchar_t* p = m_arrName[i];
-        if (*p == *pszName && MatchesNameAt(p, pEnd, pszName))
+        std::ptrdiff_t n = 0;
+        while (p[n] == pszName[n] && p[n] != L'=')
+            ++n;
+        if (p[n] == L'=' && EndsName(pszName[n]))
+            return p + n + 2;
+        if (UnitsOf(pszName[n]) > 1 && MatchesNameAt(p, pEnd, pszName))
             return p + 2;
     }
     return nullptr;

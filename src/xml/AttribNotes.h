@@ -1,6 +1,7 @@
 // Where the attributes of one tag stand, as far as they have been read, so that reading all attributes of a
-// tag scans it once. Knows text units only. Only plain attributes (name="value") are noted; from the first
-// one that is written in another way on, the tag has to be scanned token by token.
+// tag scans it once. Knows text units only. Only plain attributes (name="value" or name='value') are noted;
+// from the first one on that is written in another way, and behind as many as there is room for, the tag has
+// to be scanned token by token.
 #pragma once
 
 #include <cstdint>

@@ -34,6 +34,7 @@ enum MarkupNodeKind
 /// One document and three cursors over it. Positions are 0-based character (UTF-16 unit) indices into the
 /// document. All operations that read answer empty text where there is nothing to read. A null name means any
 /// element. A name matches a search text that equals it or goes on with a space, '=', '/' or '[' behind it.
+/// Reading remembers where it stands, so an object serves one thread at a time.
 class SPLITFRAME_API CMarkup
 {
 public:
@@ -293,6 +294,7 @@ private:
     bool x_SetText(CString&& strText);
     bool x_ParseDoc(splitframe::markup::TagIndex& index, const wchar_t* pText);
     bool x_FailDoc(int iResult);
+    void x_Clear() noexcept;
     int x_RefuseFile(Failure failure, const CString& strWhy);
 
     Failure m_failure = Failure::Malformed;

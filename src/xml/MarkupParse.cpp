@@ -336,6 +336,7 @@ int CMarkup::x_ParseElem(int iParentPos)
 {
     if (iParentPos < 0 || iParentPos >= m_aElemPos.GetSize())
         AfxThrowInvalidArgException();
+    m_notes.Forget(); // who parses a part may have changed the text
     TextFinder finder(m_strDoc);
     return Parser<TextFinder>(*this, finder, m_strDoc).Parse(iParentPos);
 }
@@ -348,6 +349,7 @@ bool CMarkup::SetDoc(const wchar_t* pszDoc)
     const std::less<> before;
     if (!before(pszDoc, m_strDoc.GetString()) && !before(m_strDoc.GetString() + m_strDoc.GetLength(), pszDoc))
         return x_SetText(CString(pszDoc)); // a part of the old text
+    const CString strError(m_strError);
     CString strText;
     strText.Preallocate(static_cast<int>(nLength));
     m_strDoc = std::move(strText);
@@ -355,17 +357,12 @@ bool CMarkup::SetDoc(const wchar_t* pszDoc)
     m_strDoc.ReleaseBufferSetLength(static_cast<int>(nLength));
     const int nEntries = m_aElemPos.GetSize();
     TagIndex index(pszDoc, pText, nLength);
-    bool bRoot = false;
-    try {
-        bRoot = x_ParseDoc(index, pszDoc);
-    } catch (CException*) { // the table can not grow: no document is left, half copied as it is
-        m_strDoc.Empty();
-        x_FailDoc(0);
-        throw;
-    }
+    const bool bRoot = x_ParseDoc(index, pszDoc);
     if (index.Finish())
         return bRoot;
-    // The same once more with characters above FFFF split, and with the table as it was.
+    // The same once more with characters above FFFF split, and with error text and table as they were.
+    x_Clear();
+    m_strError = strError;
     m_aElemPos.SetSize(nEntries);
     return x_SetText(CString(pszDoc));
 }
@@ -384,17 +381,22 @@ bool CMarkup::x_ParseDoc(TagIndex& index, const wchar_t* pText)
     m_nFailurePos = -1;
     m_iLastAdded = 0;
     m_notes.Forget();
-    const int nLength = m_strDoc.GetLength();
-    if (const int nEntries = nLength / 64 + 8; m_aElemPos.GetSize() < nEntries)
-        m_aElemPos.SetSize(nEntries);
-    m_aElemPos[0] = {};
-    const int iRoot = nLength != 0 ? Parser<TagIndex>(*this, index, pText).Parse(0) : 0;
-    if (iRoot <= 0)
-        return x_FailDoc(iRoot);
-    m_aElemPos[0].iFirstChild = iRoot;
-    m_failure = Failure::None;
-    m_strFailure.Empty();
-    return true;
+    try {
+        const int nLength = m_strDoc.GetLength();
+        if (const int nEntries = nLength / 64 + 8; m_aElemPos.GetSize() < nEntries)
+            m_aElemPos.SetSize(nEntries);
+        m_aElemPos[0] = {};
+        const int iRoot = nLength != 0 ? Parser<TagIndex>(*this, index, pText).Parse(0) : 0;
+        if (iRoot <= 0)
+            return x_FailDoc(iRoot);
+        m_aElemPos[0].iFirstChild = iRoot;
+        m_failure = Failure::None;
+        m_strFailure.Empty();
+        return true;
+    } catch (CException*) { // memory is short
+        x_Clear();
+        throw;
+    }
 }
 
 bool CMarkup::x_FailDoc(int iResult)
@@ -411,4 +413,19 @@ bool CMarkup::x_FailDoc(int iResult)
     m_aElemPos[0] = {};
     m_iNextFree = 1;
     return false;
+}
+
+// Leaves no document, and nothing that points into one.
+void CMarkup::x_Clear() noexcept
+{
+    m_strDoc.Empty();
+    m_strFailure.Empty();
+    m_failure = Failure::Malformed;
+    m_nFailurePos = -1;
+    m_notes.Forget();
+    m_iLastAdded = 0;
+    m_iNextFree = 1;
+    x_SetPos(0, 0, 0);
+    if (!m_aElemPos.IsEmpty())
+        m_aElemPos[0] = {};
 }

@@ -6,9 +6,6 @@
 #include "xml/MarkupScan.h"
 
 #include <algorithm>
-#include <cstring>
-#include <cwchar>
-#include <iterator>
 
 using namespace splitframe::markup;
 
@@ -225,7 +222,7 @@ CString CMarkup::x_GetData(int iPos) const
         return CString::FromShortUnits(pFirst, nLength);
     static constexpr std::wstring_view OPENING = L"<![CDATA[";
     static constexpr std::wstring_view CLOSING = L"]]>";
-    int nStart = elem.nStartTagRight + 1;
+    int nStart = nFirst;
     SkipSpace(m_strDoc, nStart);
     if (m_strDoc.GetString()[nStart] == L'<' && nStart + 11 < elem.nEndTagLeft) {
         const std::wstring_view content = m_strDoc.View().substr(

@@ -6,6 +6,7 @@
 
 #include <bit>
 #include <cstddef>
+#include <cstdint>
 
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -59,6 +60,16 @@ inline bool SkipTo(const wchar_t* pszText, int& nIndex, wchar_t ch)
     while (pszText[nIndex] != 0 && pszText[nIndex] != ch)
         ++nIndex;
     return pszText[nIndex] != 0;
+}
+
+// Fetches characters that lie ahead of p into the cache. Behind the text that does no harm, so the address is
+// no pointer.
+inline void Prefetch(const wchar_t* p, std::size_t nAhead, std::size_t nCount)
+{
+    constexpr std::size_t LINE = 64;
+    const auto nFrom = reinterpret_cast<std::uintptr_t>(p) + nAhead * sizeof(wchar_t);
+    for (std::size_t n = 0; n < nCount * sizeof(wchar_t); n += LINE)
+        __builtin_prefetch(reinterpret_cast<const void*>(nFrom + n));
 }
 
 #ifdef __SSE2__
@@ -140,6 +151,12 @@ template <class TokenPos> inline bool ScanToken(TokenPos& token)
     return true;
 }
 
+// Whether a name can end in front of this.
+inline bool EndsName(wchar_t ch)
+{
+    return ch == 0 || ch == L' ' || ch == L'=' || ch == L'/' || ch == L'[';
+}
+
 // Whether a token matches a name: the name starts with the token and then ends or goes on with one of " =/[".
 inline bool MatchesName(const wchar_t* pToken, int nLength, const wchar_t* pszName)
 {
@@ -151,7 +168,7 @@ inline bool MatchesName(const wchar_t* pToken, int nLength, const wchar_t* pszNa
             pToken[i] != LowUnit(*pszName))
             return false;
     }
-    return *pszName == 0 || *pszName == L' ' || *pszName == L'=' || *pszName == L'/' || *pszName == L'[';
+    return EndsName(*pszName);
 }
 
 // How many letters a text and a name begin with alike. Delimiters and what ends a name within a name all lie
@@ -161,7 +178,7 @@ inline std::ptrdiff_t CountEqual(const wchar_t* pText, const wchar_t* pszName)
     static_assert(L'[' + 1 == L'\\');
     std::ptrdiff_t n = 0;
     while (pText[n] == pszName[n] && static_cast<unsigned>(pText[n]) > L'@' &&
-           static_cast<unsigned>(pText[n] - L'[') > 1)
+           static_cast<unsigned>(pText[n]) - L'[' > 1)
         ++n;
     return n;
 }

@@ -3,6 +3,8 @@
 // a time.
 #include "xml/TagIndex.h"
 
+#include "xml/MarkupScan.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstdint>
@@ -58,15 +60,6 @@ struct StorePastCache
     }
 };
 
-// Fetches 64 characters of the next block into the cache while this one is worked on. Behind the text that
-// does no harm, so the address is no pointer of it.
-inline void Prefetch(const wchar_t* p, std::size_t nAhead)
-{
-    const auto nFrom = reinterpret_cast<std::uintptr_t>(p) + nAhead * sizeof(wchar_t);
-    for (std::size_t n = 0; n < 64 * sizeof(wchar_t); n += 64)
-        _mm_prefetch(reinterpret_cast<const char*>(nFrom + n), _MM_HINT_T0);
-}
-
 bool HasWide(__m128i all)
 {
     const __m128i high = _mm_srli_epi32(all, 16);
@@ -112,7 +105,7 @@ template <class Store> void TagIndex::LoadWords(int nWords)
     __m128i all = _mm_setzero_si128();
     for (int nStart = m_nBlockStart; nStart < m_nBlockStart + 64 * nWords; nStart += 64) {
         std::uint64_t nBrackets = 0;
-        Prefetch(m_pFrom + nStart, BLOCK);
+        Prefetch(m_pFrom + nStart, BLOCK, 64);
         for (int j = 0; j < 64; j += 16) {
             __m128i four[4];
             for (int k = 0; k < 4; ++k) {
@@ -142,7 +135,7 @@ template <class Store> __attribute__((target("avx2,bmi,popcnt"))) void TagIndex:
     __m256i all = _mm256_setzero_si256();
     for (int nStart = m_nBlockStart; nStart < m_nBlockStart + 64 * nWords; nStart += 64) {
         std::uint64_t nBrackets = 0;
-        Prefetch(pFrom + nStart, BLOCK);
+        Prefetch(pFrom + nStart, BLOCK, 64); // of the next block, while this one is worked on
         for (int j = 0; j < 64; j += 32) {
             __m256i eight[4];
             for (int k = 0; k < 4; ++k) {

@@ -158,6 +158,24 @@ TEST(MarkupLaws, ValuesReadInAnyOrderAreThoseOfAScan)
     }
 }
 
+TEST(MarkupLaws, ATagWithMoreAttributesThanAreNotedIsReadWhole)
+{
+    std::wstring text = L"<r";
+    for (int n = 0; n < 80; ++n)
+        text += L" " + std::wstring(1, L'a' + n / 26) + std::wstring(1, L'a' + n % 26) + L"='" +
+                std::to_wstring(n) + L"'";
+    COpenMarkup markup((text + L"/>").c_str());
+    ASSERT_TRUE(markup.FindElem());
+    for (const int nStep : {1, 79, 37}) { // forwards, backwards, to and fro
+        for (int n = 0, i = 0; i < 80; ++i, n = (n + nStep) % 80) {
+            const wchar_t szName[] = {static_cast<wchar_t>(L'a' + n / 26),
+                                      static_cast<wchar_t>(L'a' + n % 26), 0};
+            ASSERT_EQ(markup.GetAttrib(szName).ToUtf8(), std::to_string(n));
+        }
+        ASSERT_TRUE(markup.GetAttrib(L"zz").IsEmpty());
+    }
+}
+
 TEST(MarkupLaws, BracketsStandAnywhereInTheIndex)
 {
     // One tag moved across the borders of the index's words.

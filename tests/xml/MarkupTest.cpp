@@ -84,6 +84,21 @@ TEST(Markup, TellsElementsAndErrors)
     }
 }
 
+TEST(Markup, ValuesThatAreNoCharactersAreReplacedBeforeTheyAreCompared)
+{
+    for (const unsigned nStart : {0x80000000U, 0x110000U}) {
+        SCOPED_TRACE(nStart);
+        wchar_t szText[] = L"<xx a='1'></xx>";
+        szText[1] = static_cast<wchar_t>(nStart);
+        szText[12] = static_cast<wchar_t>(nStart + 1);
+        CMarkup markup;
+        EXPECT_TRUE(markup.SetDoc(szText));
+        EXPECT_TRUE(markup.GetError().IsEmpty()); // nothing is left of how it looked before
+        ASSERT_TRUE(markup.FindElem());
+        EXPECT_TRUE(markup.GetAttrib(L"a") == L"1");
+    }
+}
+
 TEST(Markup, ReadsAttributes)
 {
     struct Case
