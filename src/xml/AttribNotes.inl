@@ -9,7 +9,9 @@ namespace splitframe::markup {
 // The number of a bit that equal names share, and different ones rarely.
 inline unsigned AttribNotes::KindOf(const wchar_t* pName, const wchar_t* pNameEnd)
 {
-    return static_cast<unsigned>(pName[0] + 4 * pNameEnd[-1] + (pNameEnd - pName)) & 63;
+    return (static_cast<unsigned>(pName[0]) + 4 * static_cast<unsigned>(pNameEnd[-1]) +
+            static_cast<unsigned>(pNameEnd - pName)) &
+           63;
 }
 
 inline const wchar_t* AttribNotes::Note(const wchar_t* pName, const wchar_t* pNameEnd)
